@@ -1,0 +1,47 @@
+#include "app/planor-cli/cli.h"
+
+#include "core/version.h"
+
+namespace planor::cli {
+
+namespace {
+
+void schreiben(std::FILE* ziel, const QString& text)
+{
+    std::fputs(text.toLocal8Bit().constData(), ziel);
+}
+
+QString hilfe()
+{
+    return QStringLiteral(
+        "Aufruf: planor-cli BEFEHL [ARGUMENTE]\n"
+        "\n"
+        "NAVIK/TOBRA-Planor ohne Fenster: Programmieren, Auslesen, Monitor und Dateiwerkzeuge.\n"
+        "\n"
+        "Befehle:\n"
+        "  --help       diese Übersicht\n"
+        "  --version    die Programmversion\n"
+        "\n"
+        "Rückgabewerte: 0 Erfolg, 1 Fehler (Fehlerbericht auf stderr), 2 falscher Aufruf.\n");
+}
+
+}  // namespace
+
+int ausfuehren(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
+{
+    const QString befehl = argumente.value(0);
+    if (befehl == u"--version" && argumente.size() == 1) {
+        schreiben(aus, Version() + u'\n');
+        return Erfolg;
+    }
+    if ((befehl == u"--help" || befehl == u"-h") && argumente.size() == 1) {
+        schreiben(aus, hilfe());
+        return Erfolg;
+    }
+    schreiben(fehler, befehl.isEmpty() ? QStringLiteral("Kein Befehl angegeben.\n\n")
+                                        : QStringLiteral("Unbekannter Befehl: ") + argumente.join(u' ') + QStringLiteral("\n\n"));
+    schreiben(fehler, hilfe());
+    return Aufruffehler;
+}
+
+}  // namespace planor::cli

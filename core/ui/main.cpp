@@ -1,0 +1,75 @@
+#include "core/ui/main.h"
+
+#include "core/fehlerbehandlung.h"
+#include "core/programmordner.h"
+#include "core/ui/fehler_box.h"
+#include "core/ui/main_win.h"
+#include "core/ui/start_form.h"
+#include "platform/uhr.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace planor {
+
+Programm::Programm(QString ablageordner) : ablageordner_(std::move(ablageordner)) {}
+
+Programm::~Programm() = default;
+
+QString Programm::settingsDatei() const
+{
+    return QDir(ablageordner_).filePath(SettingsDateiname);
+}
+
+MainWin& Programm::starten()
+{
+    // 1. Load_conf. A first start has no settings to read: the report of a
+    //    missing file is kept for a file that vanished, not for a new
+    //    installation.
+    ersterStart_ = !QFileInfo::exists(settingsDatei());
+    if (!ersterStart_)
+        geschuetzt("Laden_und_Speichern : Load_conf", [&] { Load_conf(settingsDatei(), einstellungen); });
+
+    // 2, 3. The version text on the splash form; wait for StartBut.
+    {
+        Start_Form start;
+        start.warteAufStart();
+    }
+
+    // 4. The main window with its stored geometry.
+    mainWin_ = std::make_unique<MainWin>(anlage, einstellungen, settingsDatei());
+    anlage.Pfad = einstellungen.Pfad;
+    anlage.File = einstellungen.File;
+    mainWin_->zeigenMitGespeicherterLage();
+
+    // 5. Without a project the project menus are disabled.
+    mainWin_->projektMenusFreigeben(false);
+
+    // 6. View 1.
+    mainWin_->EditMode = 1;
+    mainWin_->ChangeEditMode();
+
+    // 10. Loading the stored project comes with the project file (Part 1.4);
+    //     without it the window stays empty with the project menus disabled.
+    anlage.PultGeaendert = 0;
+    return *mainWin_;
+}
+
+int Main(int argc, char** argv)
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Planor"));
+    QApplication::setOrganizationName(QStringLiteral("Planor"));
+
+    SystemUhr uhr;
+    FehlerBox box;
+    const QString ablage = Ablageordner();
+    FehlerbehandlungEinrichten({QDir(ablage).filePath(QStringLiteral("Fehler.log")), &uhr, &box});
+
+    Programm programm(ablage);
+    programm.starten();
+    return QApplication::exec();
+}
+
+}  // namespace planor

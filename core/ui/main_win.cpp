@@ -1,0 +1,265 @@
+#include "core/ui/main_win.h"
+
+#include "core/fehlerbehandlung.h"
+#include "core/panel_model.h"
+#include "core/programmordner.h"
+#include "core/settings_file.h"
+#include "platform/uhr.h"
+
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QDate>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScreen>
+#include <QStatusBar>
+
+namespace planor {
+
+namespace {
+
+// Part 1.1 step 5: disabled until neues_pult_setzen enables them.
+const QStringList ProjektMenus = {
+    QStringLiteral("BearbeitenMenu"), QStringLiteral("PultSpeichernMenu"), QStringLiteral("PultSpeichernUnterMenu"),
+    QStringLiteral("DruckMenu"),      QStringLiteral("EditModusMenu"),     QStringLiteral("KonfHauptMenu"),
+    QStringLiteral("ProgHauptMenu"),
+};
+
+QString feldName(const char* name, int index)
+{
+    return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
+}
+
+}  // namespace
+
+MainWin::MainWin(Anlage& anlage, Einstellungen& einstellungen, QString settingsDatei, QWidget* parent)
+    : QMainWindow(parent)
+    , anlage_(anlage)
+    , einstellungen_(einstellungen)
+    , settingsDatei_(std::move(settingsDatei))
+    , InfoTxt1(new QLabel(this))
+    , InfoTxt2(new QLabel(this))
+{
+    setObjectName(QStringLiteral("MainWin"));
+    setWindowTitle(QStringLiteral("NAVIK/TOBRA - Planor"));
+    resize(1024, 700);
+
+    InfoTxt1->setObjectName(QStringLiteral("InfoTxt1"));
+    InfoTxt2->setObjectName(QStringLiteral("InfoTxt2"));
+    for (QLabel* feld : {InfoTxt1, InfoTxt2}) {
+        feld->setFrameShape(QFrame::StyledPanel);
+        feld->setFrameShadow(QFrame::Sunken);
+        feld->setMinimumWidth(320);
+        statusBar()->addWidget(feld, 1);
+    }
+    setCentralWidget(new QWidget(this));
+    menusAnlegen();
+}
+
+QMenu* MainWin::menu(const QString& name, const QString& titel)
+{
+    QMenu* m = menuBar()->addMenu(titel);
+    m->setObjectName(name);
+    m->menuAction()->setObjectName(name);
+    return m;
+}
+
+QAction* MainWin::eintrag(QMenu* menu, const QString& name, const QString& text)
+{
+    QAction* a = menu->addAction(text);
+    a->setObjectName(name);
+    // An entry becomes usable when the Part behind it connects its handler.
+    a->setEnabled(false);
+    return a;
+}
+
+void MainWin::menusAnlegen()
+{
+    QMenu* datei = menu(QStringLiteral("DateiMenu"), QStringLiteral("Datei"));
+    eintrag(datei, QStringLiteral("NeuesPultMenu"), QStringLiteral("Neue Anlage"));
+    eintrag(datei, QStringLiteral("PultLadenMenu"), QStringLiteral("Anlage laden"));
+    eintrag(datei, QStringLiteral("PultSpeichernMenu"), QStringLiteral("Anlage speichern"));
+    eintrag(datei, QStringLiteral("PultSpeichernUnterMenu"), QStringLiteral("Anlage speichern unter ..."));
+    datei->addSeparator();
+    eintrag(datei, QStringLiteral("KTEImportMenu"), QStringLiteral("aus KT-Edit importieren"));
+    eintrag(datei, QStringLiteral("DruckMenu"), QStringLiteral("Drucken"));
+    datei->addSeparator();
+    QAction* ende = eintrag(datei, QStringLiteral("ProgEndeMenu"), QStringLiteral("Beenden"));
+    ende->setEnabled(true);
+    connect(ende, &QAction::triggered, this, &MainWin::ProgEndeMenu_Click);
+
+    // Part 3.2: the captions carry their keys as text.
+    QMenu* bearbeiten = menu(QStringLiteral("BearbeitenMenu"), QStringLiteral("Bearbeiten"));
+    eintrag(bearbeiten, QStringLiteral("UndoMenu"), QStringLiteral("Löschen Rückgängig  | Strg Z"));
+    eintrag(bearbeiten, QStringLiteral("CopyMenu"), QStringLiteral("Kopieren                    |  Strg C"));
+    eintrag(bearbeiten, QStringLiteral("CutMenu"), QStringLiteral("Ausschneiden            |  Strg X"));
+    eintrag(bearbeiten, QStringLiteral("PasteMenu"), QStringLiteral("Einfügen                    |  Strg V"));
+    eintrag(bearbeiten, QStringLiteral("DelMenu"), QStringLiteral("Löschen                     |  Entf"));
+    eintrag(bearbeiten, QStringLiteral("EleDrehenMenu"), QStringLiteral("Element drehen         |  rechte Maustaste"));
+
+    // Part 3.3: the views, the control array EditMode(1..4).
+    QMenu* ansicht = menu(QStringLiteral("EditModusMenu"), QStringLiteral("Ansicht"));
+    auto* ansichten = new QActionGroup(this);
+    const QStringList ansichtTexte = {
+        QStringLiteral("Gleisplan"), QStringLiteral("Weichen-, Signal- und NAVIK/TOBRA-Adressen"),
+        QStringLiteral("Tabellenansicht"), QStringLiteral("Monitor")};
+    for (int i = 1; i <= 4; ++i) {
+        QAction* a = eintrag(ansicht, feldName("EditMode", i), ansichtTexte.at(i - 1));
+        a->setCheckable(true);
+        ansichten->addAction(a);
+    }
+    QAction* plan = findChild<QAction*>(feldName("EditMode", 1));
+    plan->setEnabled(true);
+    connect(plan, &QAction::triggered, this, [this] {
+        EditMode = 1;
+        ChangeEditMode();
+    });
+
+    // Part 4.1: KonfMenu(0..10).
+    QMenu* konf = menu(QStringLiteral("KonfHauptMenu"), QStringLiteral("Konfiguration"));
+    const QStringList konfTexte = {
+        QStringLiteral("Modul zurücksetzen"),
+        QStringLiteral("zeitgesteuerten Pendelverkehr einrichten"),
+        QStringLiteral("signalgesteuerten Pendelverkehr einrichten"),
+        QStringLiteral("Aufenthaltsstelle einrichten"),
+        QStringLiteral("Blockstrecke einrichten"),
+        QStringLiteral("Bahnhofssteuerung einrichten"),
+        QStringLiteral("Einfahrmanager einrichten"),
+        QStringLiteral("Ausfahrmanager einrichten"),
+        QStringLiteral("Doppelsen. nur Schalt-, Sonderfunktionen oder Geschw."),
+        QStringLiteral("Einzelsen. nur Schalt-, Sonderfunktionen"),
+        QStringLiteral("Fahrstraßen verwalten"),
+    };
+    for (int i = 0; i < konfTexte.size(); ++i) {
+        if (i == 10)
+            konf->addSeparator();
+        eintrag(konf, feldName("KonfMenu", i), konfTexte.at(i));
+    }
+
+    // Part 2.4 and 6.2: ProgMenu(1..3), AuslMenu(1..2).
+    QMenu* prog = menu(QStringLiteral("ProgHauptMenu"), QStringLiteral("Programmieren"));
+    eintrag(prog, feldName("ProgMenu", 1), QStringLiteral("Alle Module"));
+    eintrag(prog, feldName("ProgMenu", 2), QStringLiteral("Modul einzeln"));
+    eintrag(prog, feldName("ProgMenu", 3), QStringLiteral("Fahrstraßen"));
+    QMenu* ausl = menu(QStringLiteral("AuslHauptMenu"), QStringLiteral("Auslesen"));
+    eintrag(ausl, feldName("AuslMenu", 1), QStringLiteral("Alle Module"));
+    eintrag(ausl, feldName("AuslMenu", 2), QStringLiteral("Modul einzeln"));
+
+    // Parts 1.8, 2.1, 2.5, 3.3: the options.
+    QMenu* optionen = menu(QStringLiteral("OptionHauptMenu"), QStringLiteral("Optionen"));
+    QAction* lock = eintrag(optionen, QStringLiteral("GPLockMenu"), QStringLiteral("Gleisplan änderbar"));
+    lock->setCheckable(true);
+    optionen->addSeparator();
+    eintrag(optionen, feldName("OptionMenu", 0), QStringLiteral("Grundeinstellungen ändern"));
+    eintrag(optionen, feldName("OptionMenu", 1), QStringLiteral("ComPort Einstellungen"));
+    eintrag(optionen, feldName("OptionMenu", 2), QStringLiteral("Modul initialisieren"));
+
+    // Part 8.2.
+    QMenu* hilfe = menu(QStringLiteral("HilfeMenu"), QStringLiteral("Hilfe"));
+    eintrag(hilfe, QStringLiteral("HilfeAnzeigenMenu"), QStringLiteral("Hilfe"));
+}
+
+void MainWin::zeigenMitGespeicherterLage()
+{
+    const GespeicherteLage lage = LageAusEinstellungen(einstellungen_);
+    QRect rahmen(pos(), size());
+    if (lage.links)
+        rahmen.moveLeft(*lage.links);
+    if (lage.oben)
+        rahmen.moveTop(*lage.oben);
+    if (lage.breite)
+        rahmen.setWidth(*lage.breite);
+    if (lage.hoehe)
+        rahmen.setHeight(*lage.hoehe);
+    move(rahmen.topLeft());
+    resize(rahmen.size());
+    if (lage.maximiert)
+        showMaximized();
+    else
+        show();
+}
+
+void MainWin::projektMenusFreigeben(bool frei)
+{
+    for (const QString& name : ProjektMenus)
+        findChild<QAction*>(name)->setEnabled(frei);
+}
+
+void MainWin::ChangeEditMode()
+{
+    for (int i = 1; i <= 4; ++i)
+        findChild<QAction*>(feldName("EditMode", i))->setChecked(i == EditMode);
+    if (EditMode == 1)
+        InfoTxt_anzeigen(1, QStringLiteral("Gleisplan editieren"));
+}
+
+void MainWin::InfoTxt_anzeigen(int feld, const QString& text)
+{
+    (feld == 1 ? InfoTxt1 : InfoTxt2)->setText(text);
+    (feld == 1 ? InfoTxt1 : InfoTxt2)->repaint();
+}
+
+void MainWin::ProgEndeMenu_Click()
+{
+    close();
+}
+
+void MainWin::closeEvent(QCloseEvent* event)
+{
+    if (ExitFrage(anlage_, *this))
+        event->accept();
+    else
+        event->ignore();
+}
+
+void MainWin::Save_conf()
+{
+    geschuetzt("Laden_und_Speichern : Save_conf", [&] {
+        Fensterlage lage;
+        lage.zustand = isMinimized()   ? Fensterlage::Zustand::Minimiert
+                       : isMaximized() ? Fensterlage::Zustand::Maximiert
+                                       : Fensterlage::Zustand::Normal;
+        lage.rahmen = QRect(pos(), size());
+        lage.bildschirm = screen()->size();
+        einstellungen_.Pfad = anlage_.Pfad;
+        einstellungen_.File = anlage_.File;
+        planor::Save_conf(settingsDatei_, einstellungen_, lage,
+                          FehlerbehandlungUmgebung().uhr->jetzt().date());
+    });
+}
+
+Antwort MainWin::frage(const QString& titel, const QString& text)
+{
+    QMessageBox box(QMessageBox::Question, titel, text, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
+    box.setObjectName(QStringLiteral("ExitFrage"));
+    box.setDefaultButton(QMessageBox::Cancel);
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return Antwort::Ja;
+    case QMessageBox::No:
+        return Antwort::Nein;
+    default:
+        return Antwort::Abbrechen;
+    }
+}
+
+std::optional<QString> MainWin::speichernUnter()
+{
+    const QString datei = QFileDialog::getSaveFileName(this, QStringLiteral("Speichern unter: Anlage in neuem Ordner anlegen!"),
+                                                       Programmordner(), QStringLiteral("ANL Dateien (*.anl)"));
+    if (datei.isEmpty())
+        return std::nullopt;
+    return datei;
+}
+
+void MainWin::Save_plt()
+{
+    // The project file (Part 1.4) arrives with its own issue. Until then the
+    // save is refused: ExitFrage's guard reports it and the program stays
+    // open with the project in memory, rather than ending as if it had saved.
+    throw Laufzeitfehler(Fehlernummer::UnzulaessigerAufruf);
+}
+
+}  // namespace planor
