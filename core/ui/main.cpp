@@ -38,7 +38,7 @@ MainWin& Programm::starten()
     }
 
     // 4. The main window with its stored geometry.
-    mainWin_ = std::make_unique<MainWin>(anlage, einstellungen, settingsDatei());
+    mainWin_ = std::make_unique<MainWin>(anlage, katalog, einstellungen, settingsDatei());
     anlage.Pfad = einstellungen.Pfad;
     anlage.File = einstellungen.File;
     mainWin_->zeigenMitGespeicherterLage();
@@ -49,6 +49,12 @@ MainWin& Programm::starten()
     // 6. View 1.
     mainWin_->EditMode = 1;
     mainWin_->ChangeEditMode();
+
+    // 7, 8. The element catalogue from KonfPfad and the palette. Without it
+    //       the program stands without a palette.
+    geschuetzt("Funktionen : Elemente_laden",
+               [&] { Elemente_laden(KonfPfad() + QStringLiteral("Elemente.cfg"), katalog, anlage); });
+    mainWin_->paletteAufbauen();
 
     // 10. Loading the stored project comes with the project file (Part 1.4);
     //     without it the window stays empty with the project menus disabled.

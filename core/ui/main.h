@@ -1,6 +1,7 @@
 #pragma once
 // Part 1.1: Main, the program's start in its fixed order.
 
+#include "core/element_katalog.h"
 #include "core/panel_model.h"
 #include "core/settings_file.h"
 
@@ -28,6 +29,7 @@ public:
 
     Einstellungen einstellungen;
     Anlage anlage;
+    Elementkatalog katalog;
 
 private:
     QString ablageordner_;

@@ -1,9 +1,14 @@
 #include "core/ui/main_win.h"
 
+#include "core/element_katalog.h"
 #include "core/fehlerbehandlung.h"
 #include "core/panel_model.h"
 #include "core/programmordner.h"
 #include "core/settings_file.h"
+#include "editor/pult_editor.h"
+#include "editor/ui/pult_bereich.h"
+#include "editor/ui/zellen_grid.h"
+#include "loconet/ohne_schnittstelle.h"
 #include "platform/uhr.h"
 
 #include <QActionGroup>
@@ -34,11 +39,17 @@ QString feldName(const char* name, int index)
 
 }  // namespace
 
-MainWin::MainWin(Anlage& anlage, Einstellungen& einstellungen, QString settingsDatei, QWidget* parent)
+MainWin::MainWin(Anlage& anlage, const Elementkatalog& katalog, Einstellungen& einstellungen, QString settingsDatei,
+                 QWidget* parent)
     : QMainWindow(parent)
     , anlage_(anlage)
+    , katalog_(katalog)
     , einstellungen_(einstellungen)
     , settingsDatei_(std::move(settingsDatei))
+    , meldungen_(this)
+    , verbindung_(std::make_unique<OhneSchnittstelle>(meldungen_, einstellungen.ComPort))
+    , editor_(new PultEditor(anlage, katalog, meldungen_, this))
+    , bereich_(new PultBereich(anlage, katalog, *editor_, KonfPfad(), this))
     , InfoTxt1(new QLabel(this))
     , InfoTxt2(new QLabel(this))
 {
@@ -54,8 +65,36 @@ MainWin::MainWin(Anlage& anlage, Einstellungen& einstellungen, QString settingsD
         feld->setMinimumWidth(320);
         statusBar()->addWidget(feld, 1);
     }
-    setCentralWidget(new QWidget(this));
+    setCentralWidget(bereich_);
+    bereich_->Pult->hide();
     menusAnlegen();
+    bearbeitenVerbinden();
+    pultVerbinden();
+}
+
+MainWin::~MainWin() = default;
+
+QAction* MainWin::aktion(const QString& name) const
+{
+    return findChild<QAction*>(name);
+}
+
+void MainWin::paletteAufbauen()
+{
+    bereich_->paletteAufbauen();
+}
+
+void MainWin::neues_pult_setzen()
+{
+    geschuetzt("Funktionen : neues_pult_setzen", [&] {
+        PultNeuSetzen = false;
+        bereich_->Pult->hide();
+        projektMenusFreigeben(true);
+        anlage_.neues_pult_setzen();
+        bereich_->init_flexgrid();
+        editor_->setzeAktuell(1, 1);
+        editor_->ElementAusw = 0;
+    });
 }
 
 QMenu* MainWin::menu(const QString& name, const QString& titel)
@@ -110,12 +149,11 @@ void MainWin::menusAnlegen()
         a->setCheckable(true);
         ansichten->addAction(a);
     }
-    QAction* plan = findChild<QAction*>(feldName("EditMode", 1));
-    plan->setEnabled(true);
-    connect(plan, &QAction::triggered, this, [this] {
-        EditMode = 1;
-        ChangeEditMode();
-    });
+    for (int i = 1; i <= 4; ++i) {
+        QAction* a = aktion(feldName("EditMode", i));
+        a->setEnabled(true);
+        connect(a, &QAction::triggered, this, [this, i] { EditMode_Click(i); });
+    }
 
     // Part 4.1: KonfMenu(0..10).
     QMenu* konf = menu(QStringLiteral("KonfHauptMenu"), QStringLiteral("Konfiguration"));
@@ -151,6 +189,8 @@ void MainWin::menusAnlegen()
     QMenu* optionen = menu(QStringLiteral("OptionHauptMenu"), QStringLiteral("Optionen"));
     QAction* lock = eintrag(optionen, QStringLiteral("GPLockMenu"), QStringLiteral("Gleisplan änderbar"));
     lock->setCheckable(true);
+    lock->setEnabled(true);
+    connect(lock, &QAction::triggered, this, &MainWin::GPLockMenu_Click);
     optionen->addSeparator();
     eintrag(optionen, feldName("OptionMenu", 0), QStringLiteral("Grundeinstellungen ändern"));
     eintrag(optionen, feldName("OptionMenu", 1), QStringLiteral("ComPort Einstellungen"));
@@ -184,21 +224,7 @@ void MainWin::zeigenMitGespeicherterLage()
 void MainWin::projektMenusFreigeben(bool frei)
 {
     for (const QString& name : ProjektMenus)
-        findChild<QAction*>(name)->setEnabled(frei);
-}
-
-void MainWin::ChangeEditMode()
-{
-    for (int i = 1; i <= 4; ++i)
-        findChild<QAction*>(feldName("EditMode", i))->setChecked(i == EditMode);
-    if (EditMode == 1)
-        InfoTxt_anzeigen(1, QStringLiteral("Gleisplan editieren"));
-}
-
-void MainWin::InfoTxt_anzeigen(int feld, const QString& text)
-{
-    (feld == 1 ? InfoTxt1 : InfoTxt2)->setText(text);
-    (feld == 1 ? InfoTxt1 : InfoTxt2)->repaint();
+        aktion(name)->setEnabled(frei);
 }
 
 void MainWin::ProgEndeMenu_Click()

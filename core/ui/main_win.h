@@ -1,13 +1,17 @@
 #pragma once
-// Part 1.1: the main form MainWin with its menu bar and the status lines
-// InfoTxt1 and InfoTxt2. Menus and entries carry the spec's names as their
-// objectName; control arrays as "Name(i)".
+// Part 1.1: the main form MainWin with its menu bar, the panel area and the
+// status lines InfoTxt1 and InfoTxt2. Menus and entries carry the spec's
+// names as their objectName; control arrays as "Name(i)".
+//   main_win.cpp         construction, menus, exit (Part 1.1)
+//   main_win_ansicht.cpp views, lock and menu states (Part 3.3)
+//   main_win_pult.cpp    mouse, keys and edit menu on the plan (Part 3.2)
 
 #include "core/exit_frage.h"
+#include "core/ui/meldungs_box.h"
 
 #include <QMainWindow>
 
-#include <functional>
+#include <memory>
 
 class QLabel;
 class QMenu;
@@ -15,6 +19,10 @@ class QMenu;
 namespace planor {
 
 class Anlage;
+class Elementkatalog;
+class LocoNetVerbindung;
+class PultBereich;
+class PultEditor;
 struct Einstellungen;
 
 class MainWin : public QMainWindow, private ExitFrageUmgebung {
@@ -22,23 +30,37 @@ class MainWin : public QMainWindow, private ExitFrageUmgebung {
 
 public:
     // The settings file is rewritten from `einstellungen` at every exit attempt.
-    MainWin(Anlage& anlage, Einstellungen& einstellungen, QString settingsDatei, QWidget* parent = nullptr);
+    MainWin(Anlage& anlage, const Elementkatalog& katalog, Einstellungen& einstellungen, QString settingsDatei,
+            QWidget* parent = nullptr);
+    ~MainWin() override;
 
     // Part 1.1 step 4: the stored geometry of Part 1.3, then show.
     void zeigenMitGespeicherterLage();
-
     // Step 5 and neues_pult_setzen: the menus that only a project makes usable.
     void projektMenusFreigeben(bool frei);
+    // Step 8: the catalogue has been read; the palette is built.
+    void paletteAufbauen();
+    // Part 1.1: resets the panel to a new, empty project.
+    void neues_pult_setzen();
 
-    // Part 3.3: makes EditMode the current view.
+    // Part 3.3.
     void ChangeEditMode();
+    void ClipBoardFlags();
+    void GleisPlan_Lock_Unlock();
+    void GPLockMenu_Click();
+    void EditMode_Click(int index);
     int EditMode = 1;
+    // While set, a new panel is being made and `Pult` stays hidden.
+    bool PultNeuSetzen = true;
 
     // Overview: writes status line 1 or 2 and refreshes it.
     void InfoTxt_anzeigen(int feld, const QString& text);
 
     // Part 1.1: "Beenden" and closing the window go through ExitFrage.
     void ProgEndeMenu_Click();
+
+    PultEditor& editor() { return *editor_; }
+    PultBereich& bereich() { return *bereich_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -52,14 +74,29 @@ private:
 
     QMenu* menu(const QString& name, const QString& titel);
     QAction* eintrag(QMenu* menu, const QString& name, const QString& text);
+    QAction* aktion(const QString& name) const;
     void menusAnlegen();
+    void bearbeitenVerbinden();
+    void pultVerbinden();
+
+    // Part 3.2 on the grid `Pult`.
+    void Pult_MouseDown(int x, int y);
+    void Pult_MouseUp_Links();
+    void Pult_MouseUp_Rechts(int x, int y);
+    void Pult_KeyUp(int taste, Qt::KeyboardModifiers modifikatoren);
+    void Elemente_Click(int index);
+    void pultZeigerSetzen();
 
     Anlage& anlage_;
+    const Elementkatalog& katalog_;
     Einstellungen& einstellungen_;
     QString settingsDatei_;
+    MeldungsBox meldungen_;
+    std::unique_ptr<LocoNetVerbindung> verbindung_;
+    PultEditor* editor_;
+    PultBereich* bereich_;
     QLabel* InfoTxt1;
     QLabel* InfoTxt2;
-    bool beenden_ = false;
 };
 
 }  // namespace planor

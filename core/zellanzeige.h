@@ -1,0 +1,13 @@
+#pragma once
+// What the procedures on the records need of the panel's display: a cell's
+// text and picture are to be drawn again (Part 3.1 SetzeText).
+
+namespace planor {
+
+class Zellanzeige {
+public:
+    virtual ~Zellanzeige() = default;
+    virtual void SetzeText(int x, int y) = 0;
+};
+
+}  // namespace planor

@@ -1,0 +1,17 @@
+#pragma once
+// Part 2.1: the one way every Part opens the link to the bus. Callers test
+// `err`: 0 success, anything else no usable link (they give their own
+// message or stop).
+
+#include "core/vb_zahlen.h"
+
+namespace planor {
+
+class LocoNetVerbindung {
+public:
+    virtual ~LocoNetVerbindung() = default;
+    virtual void open_com(Long& err) = 0;
+    virtual bool istOffen() const = 0;
+};
+
+}  // namespace planor
