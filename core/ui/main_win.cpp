@@ -74,6 +74,17 @@ MainWin::MainWin(Anlage& anlage, const Elementkatalog& katalog, Einstellungen& e
 
 MainWin::~MainWin() = default;
 
+void MainWin::neuesPultZeigen()
+{
+    anlage_.PultOpt.PultOptGPLocked = false;
+    GleisPlan_Lock_Unlock();
+    EditMode = 1;
+    ChangeEditMode();
+    ClipBoardFlags();
+    neues_pult_setzen();
+    bereich_->Pult->show();
+}
+
 QAction* MainWin::aktion(const QString& name) const
 {
     return findChild<QAction*>(name);

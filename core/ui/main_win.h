@@ -42,6 +42,8 @@ public:
     void paletteAufbauen();
     // Part 1.1: resets the panel to a new, empty project.
     void neues_pult_setzen();
+    // Part 1.4 "Neue Anlage" after its dialogs: an unlocked, empty plan in view 1.
+    void neuesPultZeigen();
 
     // Part 3.3.
     void ChangeEditMode();

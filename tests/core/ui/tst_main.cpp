@@ -4,6 +4,7 @@
 #include "core/ui/main.h"
 #include "core/ui/main_win.h"
 #include "platform/uhr.h"
+#include "tests/core/ui/gui_hilfen.h"
 
 #include <QAction>
 #include <QApplication>
@@ -20,49 +21,7 @@
 
 using namespace planor;
 
-namespace {
-
-// Waits (serving events) for a top-level widget of that name to appear, then
-// hands it to `tun` — for the modal forms that a step of Main waits on.
-void wennSichtbar(const QString& name, std::function<void(QWidget*)> tun)
-{
-    auto* timer = new QTimer;
-    QObject::connect(timer, &QTimer::timeout, [timer, name, tun] {
-        for (QWidget* w : QApplication::topLevelWidgets()) {
-            if (w->objectName() == name && w->isVisible()) {
-                timer->stop();
-                timer->deleteLater();
-                tun(w);
-                return;
-            }
-        }
-    });
-    timer->start(10);
-}
-
-void startDruecken(QString* infoLbl = nullptr)
-{
-    wennSichtbar(QStringLiteral("Start_Form"), [infoLbl](QWidget* form) {
-        if (infoLbl)
-            *infoLbl = form->findChild<QLabel*>(QStringLiteral("InfoLbl"))->text();
-        QTest::mouseClick(form->findChild<QPushButton*>(QStringLiteral("StartBut")), Qt::LeftButton);
-    });
-}
-
-void schreiben(const QString& datei, const QByteArray& bytes)
-{
-    QFile f(datei);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
-
-QByteArray lesen(const QString& datei)
-{
-    QFile f(datei);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-}  // namespace
+using namespace planor::test;
 
 class TstMain : public QObject {
     Q_OBJECT
