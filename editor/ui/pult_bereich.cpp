@@ -9,6 +9,7 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -99,8 +100,10 @@ PultBereich::PultBereich(Anlage& anlage, const Elementkatalog& katalog, PultEdit
         pultAdrModell_->zelleNeu(x, y);
         monModell_->zelleNeu(x, y);
     });
-    connect(&editor, &PultEditor::aktuellGeaendert, this,
-            [this](int x, int y) { Pult->setCurrentIndex(pultModell_->index(y - 1, x - 1)); });
+    // Moving the current cell leaves the selection as the user drew it.
+    connect(&editor, &PultEditor::aktuellGeaendert, this, [this](int x, int y) {
+        Pult->selectionModel()->setCurrentIndex(pultModell_->index(y - 1, x - 1), QItemSelectionModel::NoUpdate);
+    });
 }
 
 void PultBereich::paletteAufbauen()

@@ -12,11 +12,24 @@
 
 namespace planor::test {
 
+// The owner of the waits still pending; a test's cleanup ends them, so that
+// none outlives the test whose variables it refers to.
+inline QObject& wartende()
+{
+    static QObject besitzer;
+    return besitzer;
+}
+
+inline void wartendeBeenden()
+{
+    qDeleteAll(wartende().findChildren<QTimer*>());
+}
+
 // Waits (serving events) for a visible top-level widget of that name, then
 // hands it to `tun` — for the modal forms and message boxes.
 inline void wennSichtbar(const QString& name, std::function<void(QWidget*)> tun)
 {
-    auto* timer = new QTimer;
+    auto* timer = new QTimer(&wartende());
     QObject::connect(timer, &QTimer::timeout, [timer, name, tun] {
         for (QWidget* w : QApplication::topLevelWidgets()) {
             if (w->objectName() == name && w->isVisible()) {

@@ -34,6 +34,8 @@ private slots:
         FehlerbehandlungEinrichten({ordner->filePath(QStringLiteral("Fehler.log")), &uhr, &box});
     }
 
+    void cleanup() { wartendeBeenden(); }
+
     void MainRunsThroughTheSplashToTheMainWindow()
     {
         Programm programm(ordner->path());
@@ -91,7 +93,8 @@ private slots:
         MainWin& win = programm.starten();
         QVERIFY(!win.findChild<QAction*>(QStringLiteral("KonfHauptMenu"))->isEnabled());
         QVERIFY(!win.findChild<QAction*>(QStringLiteral("PultSpeichernMenu"))->isEnabled());
-        QCOMPARE(programm.anlage.XY(1, 1), programm.anlage.XY_Leer());
+        QVERIFY(win.PultNeuSetzen);
+        QVERIFY(!win.findChild<QWidget*>(QStringLiteral("Pult"))->isVisible());
         QCOMPARE(programm.anlage.PultGeaendert, Integer(0));
         QVERIFY(box.isEmpty());
     }

@@ -44,7 +44,11 @@ private slots:
         QVERIFY(pult()->isVisible());
     }
 
-    void cleanup() { QCOMPARE(berichte.texte, QStringList()); }
+    void cleanup()
+    {
+        wartendeBeenden();
+        QCOMPARE(berichte.texte, QStringList());
+    }
 
     void NewPanelIsUnlockedAndEmpty()
     {
@@ -116,10 +120,14 @@ private slots:
     void CtrlCWithoutTheSelectionToolDoesNothing()
     {
         bauen3x2();
+        win->editor().ClipVoll = false;
+        waehlen(2, 2, 4, 3);
         paletteKlick(9);
-        QTest::keyClick(pult(), Qt::Key_C, Qt::ControlModifier);
-        QVERIFY(!win->editor().ClipVoll || !aktion("PasteMenu")->isEnabled());
+        QVERIFY(win->editor().MarkAktiv);
         QVERIFY(!aktion("CopyMenu")->isEnabled());
+        QTest::keyClick(pult(), Qt::Key_C, Qt::ControlModifier);
+        QVERIFY(!win->editor().ClipVoll);
+        QVERIFY(!aktion("PasteMenu")->isEnabled());
     }
 
     void PasteAtTheLastColumnShowsTheMessage()
