@@ -1,5 +1,6 @@
 #include "app/planor-cli/cli.h"
 
+#include "app/planor-cli/projekt_befehle.h"
 #include "core/version.h"
 
 namespace planor::cli {
@@ -19,8 +20,12 @@ QString hilfe()
         "NAVIK/TOBRA-Planor ohne Fenster: Programmieren, Auslesen, Monitor und Dateiwerkzeuge.\n"
         "\n"
         "Befehle:\n"
-        "  --help       diese Übersicht\n"
-        "  --version    die Programmversion\n"
+        "  --help                          diese Übersicht\n"
+        "  --version                       die Programmversion\n"
+        "  info PROJEKT.anl                Abmessungen, Grundeinstellungen, Module, Bahnhöfe und\n"
+        "                                  Fahrstraßen der Anlage, eine je Zeile\n"
+        "  resave PROJEKT.anl ZIELORDNER   lädt die Anlage und speichert sie mit ihren .lcv-Dateien\n"
+        "                                  unter gleichem Namen im Zielordner\n"
         "\n"
         "Rückgabewerte: 0 Erfolg, 1 Fehler (Fehlerbericht auf stderr), 2 falscher Aufruf.\n");
 }
@@ -38,6 +43,10 @@ int ausfuehren(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
         schreiben(aus, hilfe());
         return Erfolg;
     }
+    if (befehl == u"info")
+        return info(argumente.mid(1), aus, fehler);
+    if (befehl == u"resave")
+        return resave(argumente.mid(1), aus, fehler);
     schreiben(fehler, befehl.isEmpty() ? QStringLiteral("Kein Befehl angegeben.\n\n")
                                         : QStringLiteral("Unbekannter Befehl: ") + argumente.join(u' ') + QStringLiteral("\n\n"));
     schreiben(fehler, hilfe());
