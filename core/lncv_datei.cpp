@@ -69,7 +69,7 @@ void load_lncv_bytes(const QByteArray& bytes, Long& artnr, LNCV_Feld& values, In
             } else if (c == '=') {
                 index = zahl(indexPuffer);
                 if (index >= count)
-                    count = CInt(index + 1);
+                    count = CInt(double(index) + 1);
                 indexPuffer.clear();
                 zustand = Wert;
             } else if (c == ':') {

@@ -10,6 +10,7 @@
 #include "core/version.h"
 #include "platform/uhr.h"
 
+#include <QFile>
 #include <QSaveFile>
 
 namespace planor {
@@ -92,6 +93,12 @@ void fahrstrasseSchreiben(ansi::Schreiber& datei, const FS_Typ& fs, int i)
 
 void schreibeDatei(const QString& pfad, const QByteArray& bytes)
 {
+    // A side file that already holds these bytes is left alone: a layout of
+    // hundreds of modules saves without rewriting (and syncing) each of them.
+    QFile alt(pfad);
+    if (alt.open(QIODevice::ReadOnly) && alt.size() == bytes.size() && alt.readAll() == bytes)
+        return;
+    alt.close();
     QSaveFile f(pfad);
     if (!f.open(QIODevice::WriteOnly))
         throw Laufzeitfehler(Fehlernummer::PfadDateiZugriff);

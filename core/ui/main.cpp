@@ -56,9 +56,11 @@ MainWin& Programm::starten()
                [&] { Elemente_laden(KonfPfad() + QStringLiteral("Elemente.cfg"), katalog, anlage); });
     mainWin_->paletteAufbauen();
 
-    // 10. Loading the stored project comes with the project file (Part 1.4);
-    //     without it the window stays empty with the project menus disabled.
+    // 10. The project last worked on, if its file still exists; else the
+    //     window stays empty with the project menus disabled.
     anlage.PultGeaendert = 0;
+    if (QFileInfo(anlage.Pfad + anlage.File).isFile() && !anlage.File.isEmpty())
+        mainWin_->anlageLaden();
     return *mainWin_;
 }
 

@@ -39,7 +39,7 @@ QString feldName(const char* name, int index)
 
 }  // namespace
 
-MainWin::MainWin(Anlage& anlage, const Elementkatalog& katalog, Einstellungen& einstellungen, QString settingsDatei,
+MainWin::MainWin(Anlage& anlage, Elementkatalog& katalog, Einstellungen& einstellungen, QString settingsDatei,
                  QWidget* parent)
     : QMainWindow(parent)
     , anlage_(anlage)
@@ -70,6 +70,7 @@ MainWin::MainWin(Anlage& anlage, const Elementkatalog& katalog, Einstellungen& e
     menusAnlegen();
     bearbeitenVerbinden();
     pultVerbinden();
+    dateiMenusVerbinden();
 }
 
 MainWin::~MainWin() = default;
@@ -280,23 +281,6 @@ Antwort MainWin::frage(const QString& titel, const QString& text)
     default:
         return Antwort::Abbrechen;
     }
-}
-
-std::optional<QString> MainWin::speichernUnter()
-{
-    const QString datei = QFileDialog::getSaveFileName(this, QStringLiteral("Speichern unter: Anlage in neuem Ordner anlegen!"),
-                                                       Programmordner(), QStringLiteral("ANL Dateien (*.anl)"));
-    if (datei.isEmpty())
-        return std::nullopt;
-    return datei;
-}
-
-void MainWin::Save_plt()
-{
-    // The project file (Part 1.4) arrives with its own issue. Until then the
-    // save is refused: ExitFrage's guard reports it and the program stays
-    // open with the project in memory, rather than ending as if it had saved.
-    throw Laufzeitfehler(Fehlernummer::UnzulaessigerAufruf);
 }
 
 }  // namespace planor

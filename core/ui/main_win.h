@@ -5,10 +5,13 @@
 //   main_win.cpp         construction, menus, exit (Part 1.1)
 //   main_win_ansicht.cpp views, lock and menu states (Part 3.3)
 //   main_win_pult.cpp    mouse, keys and edit menu on the plan (Part 3.2)
+//   main_win_datei.cpp   the file menus and the project's loading (Part 1.4)
 
 #include "core/exit_frage.h"
+#include "core/project_file.h"
 #include "core/ui/meldungs_box.h"
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 
 #include <memory>
@@ -25,12 +28,12 @@ class PultBereich;
 class PultEditor;
 struct Einstellungen;
 
-class MainWin : public QMainWindow, private ExitFrageUmgebung {
+class MainWin : public QMainWindow, private ExitFrageUmgebung, private ProjektAnzeige {
     Q_OBJECT
 
 public:
     // The settings file is rewritten from `einstellungen` at every exit attempt.
-    MainWin(Anlage& anlage, const Elementkatalog& katalog, Einstellungen& einstellungen, QString settingsDatei,
+    MainWin(Anlage& anlage, Elementkatalog& katalog, Einstellungen& einstellungen, QString settingsDatei,
             QWidget* parent = nullptr);
     ~MainWin() override;
 
@@ -41,7 +44,7 @@ public:
     // Step 8: the catalogue has been read; the palette is built.
     void paletteAufbauen();
     // Part 1.1: resets the panel to a new, empty project.
-    void neues_pult_setzen();
+    void neues_pult_setzen() override;
     // Part 1.4 "Neue Anlage" after its dialogs: an unlocked, empty plan in view 1.
     void neuesPultZeigen();
 
@@ -56,7 +59,17 @@ public:
     bool PultNeuSetzen = true;
 
     // Overview: writes status line 1 or 2 and refreshes it.
-    void InfoTxt_anzeigen(int feld, const QString& text);
+    void InfoTxt_anzeigen(int feld, const QString& text) override;
+
+    // Part 1.4: the file menus.
+    void PultLadenMenu_Click();
+    void PultSpeichernMenu_Click();
+    void PultSpeichernUnterMenu_Click();
+    void NeuesPultMenu_Click();
+    // Loads Pfad + File into a new panel in view 1 (Part 1.1 step 10, "Anlage laden").
+    void anlageLaden();
+    // Part 1.8: "Grundeinstellungen ändern".
+    void GrundeinstellungenMenu_Click();
 
     // Part 1.1: "Beenden" and closing the window go through ExitFrage.
     void ProgEndeMenu_Click();
@@ -73,6 +86,16 @@ private:
     Antwort frage(const QString& titel, const QString& text) override;
     std::optional<QString> speichernUnter() override;
     void Save_plt() override;
+    // Loading's and saving's display.
+    void ladenBeginnt() override;
+    void ladenEndet() override;
+    bool pultNeuSetzen() const override { return PultNeuSetzen; }
+    bool elementLoeschen(const QString& titel, const QString& text) override;
+    // Save_plt under its guard; true when it went through.
+    bool speichern();
+    // A file dialog of Part 1.4; the chosen full path or nothing.
+    std::optional<QString> dateiWaehlen(const QString& titel, bool speichern, const QString& vorgabe = QString());
+    void dateiMenusVerbinden();
 
     QMenu* menu(const QString& name, const QString& titel);
     QAction* eintrag(QMenu* menu, const QString& name, const QString& text);
@@ -90,7 +113,7 @@ private:
     void pultZeigerSetzen();
 
     Anlage& anlage_;
-    const Elementkatalog& katalog_;
+    Elementkatalog& katalog_;
     Einstellungen& einstellungen_;
     QString settingsDatei_;
     MeldungsBox meldungen_;
@@ -99,6 +122,9 @@ private:
     PultBereich* bereich_;
     QLabel* InfoTxt1;
     QLabel* InfoTxt2;
+    // Status lines are repainted at once, but during a long run at most every
+    // few hundredths of a second.
+    QElapsedTimer letzteAnzeige_;
 };
 
 }  // namespace planor

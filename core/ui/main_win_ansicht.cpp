@@ -123,7 +123,12 @@ void MainWin::InfoTxt_anzeigen(int feld, const QString& text)
 {
     QLabel* ziel = feld == 1 ? InfoTxt1 : InfoTxt2;
     ziel->setText(text);
-    ziel->repaint();
+    // Saving and loading report every cell; painting each would cost more
+    // than the work itself, so a repaint comes at most every 40 ms.
+    if (!letzteAnzeige_.isValid() || letzteAnzeige_.elapsed() >= 40) {
+        ziel->repaint();
+        letzteAnzeige_.restart();
+    }
 }
 
 }  // namespace planor

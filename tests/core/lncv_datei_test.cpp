@@ -112,6 +112,16 @@ TEST(Part1_5, IndexAtOrAboveCountRaisesTheCount)
     EXPECT_EQ(lesen("200= 9 ; 150= 1\r\n", 128).anzahl, 201);
 }
 
+TEST(Part1_5, TheLargestIndexOverflowsInsteadOfWrapping)
+{
+    try {
+        lesen("2147483647=", 128);
+        FAIL();
+    } catch (const Laufzeitfehler& f) {
+        EXPECT_EQ(f.nummer(), 6);
+    }
+}
+
 TEST(Part1_5, IndexAbove460RaisesTheBoundsError)
 {
     try {

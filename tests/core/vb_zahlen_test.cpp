@@ -37,6 +37,12 @@ TEST(VbZahlen, CIntRoundsHalfToEvenAndOverflowsWithError6)
     EXPECT_THROW(CLng(3e9), Laufzeitfehler);
 }
 
+TEST(VbZahlen, ValOfDigitsNoDoubleCanHoldOverflows)
+{
+    EXPECT_THROW(Val(QString(400, u'9')), Laufzeitfehler);
+    EXPECT_THROW(Val(QStringLiteral("1E999")), Laufzeitfehler);
+}
+
 TEST(VbZahlen, StrPutsABlankBeforeNumbersThatAreNotNegative)
 {
     EXPECT_EQ(Str(16), QStringLiteral(" 16"));

@@ -1,0 +1,56 @@
+#include "core/ui/check_wert_anzeige.h"
+
+#include <QAbstractButton>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace planor {
+
+namespace {
+
+class NurZiffernFilter final : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* ziel, QEvent* ereignis) override
+    {
+        if (ereignis->type() == QEvent::KeyPress) {
+            const QString text = static_cast<QKeyEvent*>(ereignis)->text();
+            // Only keys that type something printable reach the filter, as
+            // only those reach the original's KeyPress.
+            if (!text.isEmpty() && text.at(0).isPrint()) {
+                for (const QChar c : text)
+                    if (Nur_Ziffern(c.unicode()) == 0)
+                        return true;
+            }
+        }
+        return QObject::eventFilter(ziel, ereignis);
+    }
+};
+
+}  // namespace
+
+void CheckWertAnzeigen(const CheckWertErgebnis& ergebnis, QLineEdit* feld, QLabel* label)
+{
+    QPalette farben = feld->palette();
+    // The original's colours 255 (red) and 0 (black).
+    farben.setColor(QPalette::Text, ergebnis.gueltig ? QColor(Qt::black) : QColor(Qt::red));
+    feld->setPalette(farben);
+    label->setText(ergebnis.labelText);
+}
+
+void CheckWertAnzeigen(const CheckWertErgebnis& ergebnis, QLineEdit* feld, QLabel* label, QAbstractButton* okBut)
+{
+    CheckWertAnzeigen(ergebnis, feld, label);
+    okBut->setEnabled(ergebnis.gueltig);
+}
+
+void Nur_Ziffern_Filter(QLineEdit* feld)
+{
+    feld->installEventFilter(new NurZiffernFilter(feld));
+}
+
+}  // namespace planor
