@@ -3,6 +3,7 @@
 
 #include "core/element_katalog.h"
 #include "core/panel_model.h"
+#include "core/programmordner.h"
 #include "editor/ansicht.h"
 #include "editor/pult_editor.h"
 #include "editor/ui/pult_bereich.h"
@@ -10,6 +11,7 @@
 
 #include <QAction>
 #include <QItemSelectionModel>
+#include <QPixmap>
 
 namespace planor {
 
@@ -57,9 +59,15 @@ void MainWin::pultZeigerSetzen()
 {
     ZellenGrid* pult = bereich_->Pult;
     switch (editor_->zeiger) {
-    case PultZeiger::Radierer:
-        pult->setCursor(Qt::PointingHandCursor);
+    case PultZeiger::Radierer: {
+        // The original's custom pointer 99: the eraser itself, half size.
+        const QPixmap radierer(KonfPfad() + katalog_.ElementTab(editor_->ElementAusw).Bmp);
+        if (radierer.isNull())
+            pult->setCursor(Qt::PointingHandCursor);
+        else
+            pult->setCursor(QCursor(radierer.scaled(42, 27, Qt::KeepAspectRatio, Qt::SmoothTransformation), 8, 20));
         break;
+    }
     case PultZeiger::Pfeil:
         pult->setCursor(Qt::ArrowCursor);
         break;

@@ -314,3 +314,40 @@ TEST(Part1_4_Liste, DecodeListeKeepsBlanksAndHas21ItemsAtMost)
     EXPECT_EQ(decode_liste(QString(20, u',')).size(), 21);
     EXPECT_THROW(decode_liste(QString(21, u',')), Laufzeitfehler);
 }
+
+TEST_F(Part1_4, ACommaInAStationNameSplitsTheLineOnReading)
+{
+    anlage.Bhf_Anz = 1;
+    anlage.Bhf(3).Bhf_Name = QStringLiteral(" Nord, Gleis");
+    anlage.Bhf(3).Bhf_EinfX = 5;
+    const QByteArray anl = Save_plt_bytes(anlage, katalog, QStringLiteral("a.anl"), QDate(2026, 1, 1)).anl;
+    EXPECT_TRUE(anl.contains("\r\nBhf_Daten: 3,  Nord, Gleis,  5 ,"));
+    Anlage neu;
+    Elementkatalog k;
+    k.lesen(datei(QStringLiteral(PLANOR_TESTDATA "/Elemente_test.cfg")), neu);
+    PultEditor e(neu, k, meldungen);
+    Anzeige a(neu);
+    Load_plt_bytes(anl, neu, k, e, a);
+    EXPECT_EQ(neu.Bhf(3).Bhf_Name, QStringLiteral("  Nord"));
+    EXPECT_EQ(neu.Bhf(3).Bhf_EinfX, 0) << "\" Gleis\" took the place of the first number";
+    EXPECT_EQ(neu.Bhf(3).Bhf_EinfY, 5);
+}
+
+TEST_F(Part1_4, TwoModulesWithOneAddressShareASideFileTheLaterWins)
+{
+    modul(2, 2, 9);
+    modul(4, 1, 9);
+    anlage.XY(2, 2).XY_LNCV(30) = 1;
+    anlage.XY(4, 1).XY_LNCV(30) = 2;
+    anlage.Pfad = ordner.path() + u'/';
+    anlage.File = QStringLiteral("a.anl");
+    Save_plt(anlage, katalog, anzeige);
+    LNCV_Feld w;
+    Long artnr = 0;
+    Integer anzahl = 128;
+    QString kommentar;
+    int ergebnis = 0;
+    load_lncv(artnr, w, anzahl, anlage.Pfad + QStringLiteral("47220_9.lcv"), kommentar, ergebnis);
+    EXPECT_EQ(w(30), 2) << "cell (4, 1) comes after (2, 2) in the scan, columns outermost";
+    EXPECT_EQ(kommentar, QStringLiteral(" Modul aus a.anl an Pos. (x,y)= 4, 1\r"));
+}
