@@ -1,0 +1,142 @@
+// Part 2.2: the two framings of empfang.
+#include "loconet/empfang.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace planor;
+
+namespace {
+
+QByteArray bytes(std::initializer_list<int> werte)
+{
+    QByteArray b;
+    for (int w : werte)
+        b.append(static_cast<char>(w));
+    return b;
+}
+
+struct Mitschnitt {
+    Mitschnitt(Empfang& e)
+    {
+        e.Monitor_Aktiv = true;
+        e.decode_ln_mes = [this](const QByteArray& n) { nachrichten.push_back(n); };
+        e.Get_Adr_from_LN = [this](int z) { zeilen.push_back(z); };
+    }
+    std::vector<QByteArray> nachrichten;
+    std::vector<int> zeilen;
+};
+
+}  // namespace
+
+TEST(Part2_2, LongAckFillsRow0AndFlagsIt)
+{
+    Empfang e;
+    Mitschnitt m(e);
+    e.bytes(bytes({0xB4, 0x6D, 0x7F, 0x5B}));
+    EXPECT_TRUE(e.da(ZeileLongAck, 0xB4));
+    EXPECT_EQ(e.wert(ZeileLongAck, 2), 0x7F);
+    EXPECT_EQ(m.zeilen, std::vector<int>{0});
+    ASSERT_EQ(m.nachrichten.size(), 1u);
+    EXPECT_EQ(m.nachrichten[0], bytes({0xB4, 0x6D, 0x7F, 0x5B}));
+}
+
+TEST(Part2_2, PeerXferCutByALongAckLeavesRow1UnflaggedAndRow0Filling)
+{
+    Empfang e;
+    e.bytes(bytes({0xE5, 0x0F, 0xB4, 0x6D}));
+    EXPECT_FALSE(e.geflaggt(ZeilePeerXfer));
+    EXPECT_EQ(e.wert(ZeilePeerXfer, 1), 0x0F);
+    EXPECT_FALSE(e.geflaggt(ZeileLongAck));
+    e.bytes(bytes({0x7F, 0x00}));
+    EXPECT_TRUE(e.da(ZeileLongAck, 0xB4));
+    EXPECT_FALSE(e.geflaggt(ZeilePeerXfer));
+}
+
+TEST(Part2_2, NavikReportIsCapturedAs8BytesWhateverItsLength)
+{
+    Empfang e;
+    Mitschnitt m(e);
+    QByteArray lang = bytes({0xE4, 0x10, 0x01, 0x22, 0x2C, 0x05, 0x06, 0x07, 0x08, 0x09, 0x0A, 0x0B, 0x0C, 0x0D, 0x0E});
+    e.bytes(lang.left(8));
+    EXPECT_TRUE(e.da(ZeileNavik, 0xE4));
+    EXPECT_EQ(e.wert(ZeileNavik, 7), 0x07);
+    e.bytes(lang.mid(8));
+    EXPECT_EQ(e.wert(ZeileNavik, 8), 0) << "the remainder is not captured";
+    EXPECT_TRUE(m.nachrichten.empty()) << "the monitor waits for 16 bytes";
+    e.byte(0x00);
+    ASSERT_EQ(m.nachrichten.size(), 1u);
+    EXPECT_EQ(m.nachrichten[0].size(), 16);
+}
+
+TEST(Part2_2, ByteWithoutBit7AndNoMessageIsDroppedByBothFramings)
+{
+    Empfang e;
+    Mitschnitt m(e);
+    e.bytes(bytes({0x12, 0x34}));
+    EXPECT_TRUE(m.nachrichten.empty());
+    EXPECT_TRUE(m.zeilen.empty());
+    for (int z = 0; z < EmpfangZeilen; ++z)
+        EXPECT_EQ(e.wert(z, 0), 0);
+}
+
+TEST(Part2_2, VariableLengthZeroOrOneNeverCompletesTheNextOpcodeRestarts)
+{
+    for (int laenge : {0, 1}) {
+        Empfang e;
+        Mitschnitt m(e);
+        e.bytes(bytes({0xE0, laenge, 0x01, 0x02, 0x03}));
+        for (int i = 0; i < 600; ++i)
+            e.byte(0x11);
+        EXPECT_TRUE(m.nachrichten.empty());
+        e.bytes(bytes({0x83, 0x7C}));
+        ASSERT_EQ(m.nachrichten.size(), 1u);
+        EXPECT_EQ(m.nachrichten[0], bytes({0x83, 0x7C}));
+    }
+}
+
+TEST(Part2_2, OurEchoLandsInItsOwnRow)
+{
+    Empfang e;
+    e.bytes(bytes({0xED, 0x0F, 0x08, 0x05, 0x00, 0x21, 0x40, 0x72, 0x12, 0x00, 0x00, 0x0C, 0x00, 0x00, 0x44}));
+    EXPECT_TRUE(e.da(ZeileImmPacket, 0xED));
+    EXPECT_FALSE(e.geflaggt(ZeilePeerXfer));
+    e.bytes(bytes({0xB0, 0x00, 0x10, 0x5F}));
+    EXPECT_TRUE(e.da(ZeileSwReq, 0xB0));
+}
+
+TEST(Part2_2, UncapturedOpcodesReachOnlyTheMonitor)
+{
+    Empfang e;
+    Mitschnitt m(e);
+    e.bytes(bytes({0x83, 0x7C, 0xA0, 0x01, 0x02, 0x5C}));
+    EXPECT_EQ(m.nachrichten.size(), 2u);
+    EXPECT_TRUE(m.zeilen.empty());
+}
+
+TEST(Part2_2, MonitorStaysSilentWhileNotActive)
+{
+    Empfang e;
+    Mitschnitt m(e);
+    e.Monitor_Aktiv = false;
+    e.bytes(bytes({0x83, 0x7C}));
+    EXPECT_TRUE(m.nachrichten.empty());
+}
+
+TEST(Part2_2, ClearingRowsAndDecodingPxct)
+{
+    Empfang e;
+    e.bytes(bytes({0xE5, 0x0F, 0x05, 0x49, 0x4B, 0x1F, 0x31, 0x72, 0x12, 0x00, 0x00, 0x7F, 0x7F, 0x00, 0x00}));
+    EXPECT_TRUE(e.geflaggt(ZeilePeerXfer));
+    e.decode_pxct1(ZeilePeerXfer);
+    EXPECT_EQ(e.wert(ZeilePeerXfer, 7), 0x72 + 128);
+    EXPECT_EQ(e.wert(ZeilePeerXfer, 11), 0xFF);
+    EXPECT_EQ(e.wert(ZeilePeerXfer, 12), 0xFF);
+    e.zeileLoeschen(ZeilePeerXfer);
+    EXPECT_FALSE(e.geflaggt(ZeilePeerXfer));
+    EXPECT_EQ(e.wert(ZeilePeerXfer, 0), 0);
+    EXPECT_EQ(e.wert(ZeilePeerXfer, 1), 0x0F) << "only position 0 and the flag";
+    e.tabelleLoeschen();
+    EXPECT_EQ(e.wert(ZeilePeerXfer, 1), 0);
+}

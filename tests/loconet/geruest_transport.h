@@ -1,0 +1,60 @@
+#pragma once
+// The test scaffold of the bus: records what goes out, injects replies at
+// virtual times, optionally echoes every message as a real bus does, and
+// lets CTS be held low.
+
+#include "platform/transport.h"
+#include "platform/uhr.h"
+
+#include <functional>
+#include <vector>
+
+namespace planor::test {
+
+class GeruestTransport final : public Transport {
+public:
+    explicit GeruestTransport(Uhr& uhr) : uhr_(uhr) {}
+
+    bool oeffnen(QString&) override
+    {
+        offen = true;
+        return true;
+    }
+    void schliessen() override { offen = false; }
+    bool istOffen() const override { return offen; }
+    bool cts() const override { return ctsHoch; }
+    void setzeBreak(bool an) override { breaks.push_back(an); }
+    void eingangVerwerfen() override { ++verworfen; }
+
+    bool schreiben(const QByteArray& bytes) override
+    {
+        if (!offen)
+            return false;
+        gesendet += bytes;
+        if (echo)
+            uhr_.nach(0, [this, bytes] { emit empfangen(bytes); });
+        if (antwort)
+            antwort(bytes);
+        return true;
+    }
+
+    // Delivers bytes `sekunden` from now (virtual time).
+    void senden(const QByteArray& bytes, double sekunden = 0)
+    {
+        uhr_.nach(sekunden, [this, bytes] { emit empfangen(bytes); });
+    }
+
+    bool offen = true;
+    bool ctsHoch = true;
+    bool echo = false;
+    int verworfen = 0;
+    QByteArray gesendet;
+    std::vector<bool> breaks;
+    // Called for each write: the test's module answers here.
+    std::function<void(const QByteArray&)> antwort;
+
+private:
+    Uhr& uhr_;
+};
+
+}  // namespace planor::test
