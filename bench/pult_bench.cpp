@@ -61,6 +61,8 @@ int main(int argc, char** argv)
         }
     const double fuellen = uhr.nsecsElapsed() / 1e6;
 
+    // The grid takes its new size (and scroll range) from the event loop.
+    QCoreApplication::processEvents();
     ZellenGrid* pult = bereich.Pult;
     QImage bild(pult->viewport()->size(), QImage::Format_RGB32);
     auto seitenMalen = [&] {

@@ -14,23 +14,7 @@ sekunden="${1:-60}"
 shift || true
 
 # clang and the compiler runtime with libFuzzer, quietly and only when missing.
-missing=()
-for p in clang libclang-rt-14-dev; do
-  if ! dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q '^install ok installed$'; then
-    missing+=("$p")
-  fi
-done
-if [ ${#missing[@]} -gt 0 ]; then
-  echo "Planor: installiere ${missing[*]}"
-  sudo=""
-  if [ "$(id -u)" -ne 0 ]; then
-    command -v sudo >/dev/null || { echo "Planor: root oder sudo nötig, um Pakete zu installieren" >&2; exit 1; }
-    sudo="sudo"
-  fi
-  export DEBIAN_FRONTEND=noninteractive
-  $sudo apt-get update -qq
-  $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
-fi
+./scripts/setup.sh clang libclang-rt-14-dev
 
 # The project's code gets the sanitizers and libFuzzer's coverage hooks; the
 # fuzz target alone links libFuzzer's main (tests/fuzz/CMakeLists.txt).

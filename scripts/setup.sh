@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what Planor needs to build, test and run on Debian 12.
+# Installs what Planor needs to build, test and run on Debian 12, and any
+# further packages named as arguments (scripts/fuzz.sh asks for clang).
 # Idempotent: quiet when everything is already there.
 set -euo pipefail
 
@@ -9,6 +10,7 @@ packages=(
   libgtest-dev
   xvfb xauth
   fonts-dejavu-core fonts-liberation2
+  "$@"
 )
 
 missing=()

@@ -43,6 +43,9 @@ ZellenGrid::ZellenGrid(const QString& name, const QString& ecke, GridMasse masse
     setSelectionMode(NoSelection);
     setCornerButtonEnabled(false);
     setMouseTracking(true);
+    // A plan scrolls smoothly, by pixels rather than by whole cells.
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setMinimumSectionSize(1);

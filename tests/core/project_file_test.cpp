@@ -7,6 +7,8 @@
 #include "tests/editor/editor_umgebung.h"
 
 #include <QDir>
+#include "tests/test_hilfen.h"
+
 #include <QFile>
 
 using namespace planor;
@@ -14,12 +16,6 @@ using namespace planor::test;
 
 namespace {
 
-QByteArray datei(const QString& pfad)
-{
-    QFile f(pfad);
-    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << qPrintable(pfad);
-    return f.readAll();
-}
 
 QString golden(const char* name) { return QStringLiteral(PLANOR_TESTDATA "/projekt/") + QLatin1String(name); }
 

@@ -7,6 +7,8 @@
 #include "tests/core/test_umgebung.h"
 #include "tests/fuzz/dateileser.h"
 
+#include "tests/test_hilfen.h"
+
 #include <QFile>
 
 #include <random>
@@ -17,12 +19,6 @@ using namespace planor::test;
 
 namespace {
 
-QByteArray datei(const QString& pfad)
-{
-    QFile f(pfad);
-    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << qPrintable(pfad);
-    return f.readAll();
-}
 
 const QString testdaten = QStringLiteral(PLANOR_TESTDATA "/");
 const QString projektOrdner = QStringLiteral(PLANOR_TESTDATA "/projekt/");

@@ -1,21 +1,17 @@
 // Part 2.2: the two framings of empfang.
 #include "loconet/empfang.h"
 
+#include "tests/test_hilfen.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
 
 using namespace planor;
+using planor::test::bytes;
 
 namespace {
 
-QByteArray bytes(std::initializer_list<int> werte)
-{
-    QByteArray b;
-    for (int w : werte)
-        b.append(static_cast<char>(w));
-    return b;
-}
 
 struct Mitschnitt {
     Mitschnitt(Empfang& e)

@@ -1,21 +1,12 @@
 // Parts 2.2 and 2.3: every message the program composes, byte for byte.
 #include "loconet/nachricht.h"
 
+#include "tests/test_hilfen.h"
+
 #include <gtest/gtest.h>
 
 using namespace planor;
-
-namespace {
-
-QByteArray bytes(std::initializer_list<int> werte)
-{
-    QByteArray b;
-    for (int w : werte)
-        b.append(static_cast<char>(w));
-    return b;
-}
-
-}  // namespace
+using planor::test::bytes;
 
 TEST(Part2_2, ChecksumIsFFXorAllBytes)
 {
