@@ -31,6 +31,19 @@ QString flag(bool wert) { return zahl(wert ? -1 : 0); }
 // A Single: fractional values are cut to whole numbers when written.
 QString geometrie(double twips) { return zahl(static_cast<long long>(std::trunc(twips))); }
 
+// An unknown kind (a file of a later version) falls back to the serial port.
+Verbindungsart VerbindungsartAusZahl(Integer zahl)
+{
+    switch (zahl) {
+    case static_cast<Integer>(Verbindungsart::LbServer):
+        return Verbindungsart::LbServer;
+    case static_cast<Integer>(Verbindungsart::Simulation):
+        return Verbindungsart::Simulation;
+    default:
+        return Verbindungsart::Seriell;
+    }
+}
+
 double Single(double wert)
 {
     if (std::fabs(wert) > FLT_MAX)
@@ -74,6 +87,14 @@ void LiesEinstellungen(const QByteArray& bytes, Einstellungen& e)
             e.Pfad = wert;
         else if (schluessel == u"File")
             e.File = wert;
+        else if (schluessel == u"ComPortGeraet")
+            e.ComPortGeraet = wert.trimmed();
+        else if (schluessel == u"Verbindungsart")
+            e.Verbindung = VerbindungsartAusZahl(CInt(Val(wert)));
+        else if (schluessel == u"LbServerHost")
+            e.LbServerHost = wert.trimmed();
+        else if (schluessel == u"LbServerPort")
+            e.LbServerPort = CLng(Val(wert));
     }
 }
 
@@ -128,6 +149,16 @@ QByteArray SchreibEinstellungen(Einstellungen e, const Fensterlage& fenster, con
     datei.zeile(zone(QStringLiteral("MainWinTop:")) + geometrie(e.MainWinTop));
     datei.zeile(QStringLiteral("Pfad:") + e.Pfad);
     datei.zeile(QStringLiteral("File:") + e.File);
+
+    // The extension keys, only where they differ from their defaults.
+    if (!e.ComPortGeraet.isEmpty())
+        datei.zeile(QStringLiteral("ComPortGeraet:") + e.ComPortGeraet);
+    if (e.Verbindung != Verbindungsart::Seriell)
+        datei.zeile(zone(QStringLiteral("Verbindungsart:")) + zahl(static_cast<Integer>(e.Verbindung)));
+    if (e.LbServerHost != LbServerStandardHost)
+        datei.zeile(QStringLiteral("LbServerHost:") + e.LbServerHost);
+    if (e.LbServerPort != LbServerStandardPort)
+        datei.zeile(zone(QStringLiteral("LbServerPort:")) + zahl(e.LbServerPort));
     return datei.bytes();
 }
 

@@ -18,6 +18,15 @@ inline const QString SettingsDateiname = QStringLiteral("Planor.CFG");
 // 15 twips make one pixel (spec-notes 1.3).
 inline constexpr int TwipsJePixel = 15;
 
+// The link's way to the bus beyond the original's serial port (extension of
+// Part 2.1): the serial port with the three interface articles that
+// LocoNetInterface and USBInterface choose, LocoNet over TCP to an LbServer,
+// or the built-in simulation. Stored values; never reuse one.
+enum class Verbindungsart : Integer { Seriell = 0, LbServer = 1, Simulation = 2 };
+
+inline const QString LbServerStandardHost = QStringLiteral("localhost");
+inline constexpr Long LbServerStandardPort = 1234;
+
 // Per-installation settings, the globals Load_conf fills.
 struct Einstellungen {
     Integer ComPort = 0;
@@ -31,6 +40,15 @@ struct Einstellungen {
     double MainWinTop = 0;
     QString Pfad;  // folder of the project last used, ending in the separator
     QString File;  // its file name
+
+    // Extension keys (Part 1.3 extension). They follow the spec's keys and are
+    // written only when they differ from these defaults, so that a file
+    // without them is the original's byte for byte and the original's reader
+    // skips them as unknown keys.
+    QString ComPortGeraet;  // "ComPortGeraet:" a chosen device path; empty: ComPort's number decides
+    Verbindungsart Verbindung = Verbindungsart::Seriell;  // "Verbindungsart:"
+    QString LbServerHost = LbServerStandardHost;          // "LbServerHost:"
+    Long LbServerPort = LbServerStandardPort;             // "LbServerPort:"
 
     bool operator==(const Einstellungen&) const = default;
 };
@@ -50,7 +68,8 @@ struct Fensterlage {
 void LiesEinstellungen(const QByteArray& bytes, Einstellungen& einstellungen);
 
 // Save_conf's bytes: the header with the version and the date, then every key
-// in its order, the geometry taken from the window by Save_conf's rules.
+// in its order, the geometry taken from the window by Save_conf's rules, then
+// the extension keys that differ from their defaults.
 QByteArray SchreibEinstellungen(Einstellungen einstellungen, const Fensterlage& fenster, const QString& version,
                                 const QDate& datum);
 

@@ -15,7 +15,12 @@ void LocoNetLink::setzeTransport(std::unique_ptr<Transport> transport)
     transport_ = std::move(transport);
     if (!transport_)
         return;
-    connect(transport_.get(), &Transport::empfangen, this, [this](const QByteArray& bytes) { empfang_.bytes(bytes); });
+    connect(transport_.get(), &Transport::empfangen, this, [this](const QByteArray& bytes) {
+        if (umleitung)
+            umleitung(bytes);
+        else
+            empfang_.bytes(bytes);
+    });
     connect(transport_.get(), &Transport::verloren, this, &LocoNetLink::verloren);
 }
 

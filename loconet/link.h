@@ -9,6 +9,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 namespace planor {
@@ -34,6 +35,9 @@ public:
 
     // With the command-station kind every byte waits for CTS (Part 2.2).
     bool ctsBeachten = false;
+    // While set, the transport's bytes go here instead of through `empfang`
+    // (spec-notes 2.1: the command-station negotiation reads its own answers).
+    std::function<void(const QByteArray&)> umleitung;
 
     // send: the bytes of the buffer, then the checksum; err 1 when the 5 s
     // limit passes (the message stays cut off), else 0.

@@ -6,6 +6,7 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include <algorithm>
 #include <cmath>
 
 namespace planor {
@@ -42,12 +43,17 @@ bool SystemUhr::warten(double hoechstens, const std::function<bool()>& fertig)
     // A timer wakes the loop at the end; between events the thread sleeps.
     QTimer wecker;
     wecker.setSingleShot(true);
+    wecker.setTimerType(Qt::PreciseTimer);
     wecker.start(int(std::ceil(hoechstens * 1000)));
     while (true) {
         if (fertig())
             return true;
         if (sekunden() >= ende)
             return false;
+        // A timer may fire a little early; without it the loop would sleep
+        // until some other event.
+        if (!wecker.isActive())
+            wecker.start(std::max(1, int(std::ceil((ende - sekunden()) * 1000))));
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents);
     }
 }

@@ -11,10 +11,11 @@ if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
 fi
 
 # The first run works on a copy of the demo project, so that the committed
-# one stays as it is; Planor opens the project last used at every start.
+# one stays as it is, and on the built-in simulated layout
+# ("Verbindungsart: 2"); Planor opens the project last used at every start.
 if [ ! -f build/bin/Planor.CFG ]; then
   mkdir -p build/demo
   cp data/demo/*.anl data/demo/*.lcv build/demo/
-  printf 'Pfad:%s/\r\nFile:Demo.anl\r\n' "$(pwd)/build/demo" > build/bin/Planor.CFG
+  printf 'Pfad:%s/\r\nFile:Demo.anl\r\nVerbindungsart: 2\r\n' "$(pwd)/build/demo" > build/bin/Planor.CFG
 fi
 exec build/bin/planor "$@"

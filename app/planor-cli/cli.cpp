@@ -1,6 +1,8 @@
 #include "app/planor-cli/cli.h"
 
 #include "app/planor-cli/projekt_befehle.h"
+#include "app/planor-cli/lncv_befehl.h"
+#include "app/planor-cli/sim_befehl.h"
 #include "core/version.h"
 
 namespace planor::cli {
@@ -26,6 +28,11 @@ QString hilfe()
         "                                  Fahrstraßen der Anlage, eine je Zeile\n"
         "  resave PROJEKT.anl ZIELORDNER   lädt die Anlage und speichert sie mit ihren .lcv-Dateien\n"
         "                                  unter gleichem Namen im Zielordner\n"
+        "  lncv read|write --article N --address A --lncv K [--value V] --port PORT\n"
+        "                                  eine LNCV eines Moduls lesen oder schreiben; PORT:\n"
+        "                                  serial:GERÄT?kind=usb|adapter|station, tcp:HOST:PORT, sim\n"
+        "  sim [--pty] [--tcp PORT] [...]  der eingebaute LocoNet-Simulator mit NAVIK/TOBRA-Modulen und\n"
+        "                                  Zentrale, bis Strg+C; \"planor-cli sim --help\" zeigt die Optionen\n"
         "\n"
         "Rückgabewerte: 0 Erfolg, 1 Fehler (Fehlerbericht auf stderr), 2 falscher Aufruf.\n");
 }
@@ -47,6 +54,10 @@ int ausfuehren(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
         return info(argumente.mid(1), aus, fehler);
     if (befehl == u"resave")
         return resave(argumente.mid(1), aus, fehler);
+    if (befehl == u"lncv")
+        return lncv(argumente.mid(1), aus, fehler);
+    if (befehl == u"sim")
+        return sim(argumente.mid(1), aus, fehler);
     schreiben(fehler, befehl.isEmpty() ? QStringLiteral("Kein Befehl angegeben.\n\n")
                                         : QStringLiteral("Unbekannter Befehl: ") + argumente.join(u' ') + QStringLiteral("\n\n"));
     schreiben(fehler, hilfe());

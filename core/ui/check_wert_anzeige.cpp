@@ -33,12 +33,20 @@ protected:
 
 }  // namespace
 
-void CheckWertAnzeigen(const CheckWertErgebnis& ergebnis, QLineEdit* feld, QLabel* label)
+void CheckWertFarbe(QLineEdit* feld, bool gueltig)
 {
     QPalette farben = feld->palette();
-    // The original's colours 255 (red) and 0 (black).
-    farben.setColor(QPalette::Text, ergebnis.gueltig ? QColor(Qt::black) : QColor(Qt::red));
+    // The original's colours 255 (red) and 0 (black); a disabled field keeps
+    // its own look.
+    const QColor farbe = gueltig ? QColor(Qt::black) : QColor(Qt::red);
+    farben.setColor(QPalette::Active, QPalette::Text, farbe);
+    farben.setColor(QPalette::Inactive, QPalette::Text, farbe);
     feld->setPalette(farben);
+}
+
+void CheckWertAnzeigen(const CheckWertErgebnis& ergebnis, QLineEdit* feld, QLabel* label)
+{
+    CheckWertFarbe(feld, ergebnis.gueltig);
     label->setText(ergebnis.labelText);
 }
 

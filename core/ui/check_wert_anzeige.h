@@ -10,6 +10,8 @@ class QLineEdit;
 
 namespace planor {
 
+// The field's text red when its value is refused, black otherwise.
+void CheckWertFarbe(QLineEdit* feld, bool gueltig);
 // Shows a Check_Wert result: the field's text red when refused, black
 // otherwise, and the label's text.
 void CheckWertAnzeigen(const CheckWertErgebnis& ergebnis, QLineEdit* feld, QLabel* label);

@@ -4,7 +4,12 @@
 #include "core/programmordner.h"
 #include "core/ui/fehler_box.h"
 #include "core/ui/main_win.h"
+#include "core/ui/meldungs_box.h"
 #include "core/ui/start_form.h"
+#include "loconet/open_com.h"
+#include "loconet/ui/comport_dialog.h"
+#include "platform/sim_transport.h"
+#include "platform/simulator.h"
 #include "platform/uhr.h"
 
 #include <QApplication>
@@ -38,7 +43,8 @@ MainWin& Programm::starten()
     }
 
     // 4. The main window with its stored geometry.
-    mainWin_ = std::make_unique<MainWin>(anlage, katalog, einstellungen, settingsDatei());
+    mainWin_ = std::make_unique<MainWin>(anlage, katalog, einstellungen, settingsDatei(), *uhr);
+    mainWin_->schnittstelle().setzeSimulator(simulator);
     anlage.Pfad = einstellungen.Pfad;
     anlage.File = einstellungen.File;
     mainWin_->zeigenMitGespeicherterLage();
@@ -61,7 +67,28 @@ MainWin& Programm::starten()
     anlage.PultGeaendert = 0;
     if (QFileInfo(anlage.Pfad + anlage.File).isFile() && !anlage.File.isEmpty())
         mainWin_->anlageLaden();
+
+    // 11. A first start connects before anything else; "Ende" ends the program.
+    if (ersterStart_ && !ersteVerbindung()) {
+        beendet_ = true;
+        mainWin_->hide();
+    }
     return *mainWin_;
+}
+
+bool Programm::ersteVerbindung()
+{
+    MeldungsBox meldungen(mainWin_.get());
+    while (true) {
+        // Confirming Erststart has closed the link and written Planor.CFG.
+        if (mainWin_->Erststart_zeigen() != ComPortOK)
+            return false;
+        Long err = 0;
+        mainWin_->schnittstelle().open_com(err);
+        if (err == 0)
+            return true;
+        meldungen.meldung(VerbindungsFehlerTitel, VerbindungsFehlerText, Symbol::Kritisch);
+    }
 }
 
 int Main(int argc, char** argv)
@@ -76,7 +103,21 @@ int Main(int argc, char** argv)
     FehlerbehandlungEinrichten({QDir(ablage).filePath(QStringLiteral("Fehler.log")), &uhr, &box});
 
     Programm programm(ablage);
+    // "Simulation (ohne Hardware)": one simulator for the run, holding the
+    // modules of the project that is open when the link is first opened.
+    Simulator simulator(*programm.uhr);
+    bool bestueckt = false;
+    programm.simulator = [&]() -> std::unique_ptr<Transport> {
+        if (!bestueckt) {
+            for (const SimModulAngabe& m : SimModuleAusAnlage(programm.anlage))
+                simulator.modulHinzufuegen(m);
+            bestueckt = true;
+        }
+        return simulator.transport();
+    };
     programm.starten();
+    if (programm.beendet())
+        return 0;
     return QApplication::exec();
 }
 

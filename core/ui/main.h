@@ -4,14 +4,22 @@
 #include "core/element_katalog.h"
 #include "core/panel_model.h"
 #include "core/settings_file.h"
+#include "platform/uhr.h"
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace planor {
 
 class MainWin;
+class Transport;
+
+// Part 1.1 step 11: the message when the first start cannot connect.
+inline const QString VerbindungsFehlerTitel = QStringLiteral("Fehler beim Verbinden mit dem Computer");
+inline const QString VerbindungsFehlerText = QStringLiteral("Bitte stellen Sie die Verbindungsdaten richtig ein oder\n"
+                                                            "verbinden Sie den PC mit der Zentrale.");
 
 // Everything one run of the program holds.
 class Programm {
@@ -31,7 +39,22 @@ public:
     Anlage anlage;
     Elementkatalog katalog;
 
+    // The clock of the link's waits: the system's, unless set before starten.
+    Uhr* uhr = &systemUhr_;
+    // Makes the transport of "Simulation (ohne Hardware)" (Part 2.1 extension);
+    // without it that kind cannot be opened.
+    std::function<std::unique_ptr<Transport>()> simulator;
+    // Step 11: the user ended the program with Erststart's "Ende"; the main
+    // window is hidden and the message loop is not to be entered.
+    bool beendet() const { return beendet_; }
+
 private:
+    // Step 11: Erststart, then open_com, until it connects (true) or the
+    // user ends the program (false).
+    bool ersteVerbindung();
+
+    SystemUhr systemUhr_;
+    bool beendet_ = false;
     QString ablageordner_;
     bool ersterStart_ = false;
     std::unique_ptr<MainWin> mainWin_;

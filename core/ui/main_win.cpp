@@ -8,7 +8,7 @@
 #include "editor/pult_editor.h"
 #include "editor/ui/pult_bereich.h"
 #include "editor/ui/zellen_grid.h"
-#include "loconet/ohne_schnittstelle.h"
+#include "loconet/open_com.h"
 #include "platform/uhr.h"
 
 #include <QActionGroup>
@@ -40,14 +40,15 @@ QString feldName(const char* name, int index)
 }  // namespace
 
 MainWin::MainWin(Anlage& anlage, Elementkatalog& katalog, Einstellungen& einstellungen, QString settingsDatei,
-                 QWidget* parent)
+                 Uhr& uhr, QWidget* parent)
     : QMainWindow(parent)
     , anlage_(anlage)
     , katalog_(katalog)
     , einstellungen_(einstellungen)
     , settingsDatei_(std::move(settingsDatei))
     , meldungen_(this)
-    , verbindung_(std::make_unique<OhneSchnittstelle>(meldungen_, einstellungen.ComPort))
+    , verbindung_(std::make_unique<Schnittstelle>(einstellungen, uhr, meldungen_,
+                                                  [this](int feld, const QString& text) { InfoTxt_anzeigen(feld, text); }))
     , editor_(new PultEditor(anlage, katalog, meldungen_, this))
     , bereich_(new PultBereich(anlage, katalog, *editor_, KonfPfad(), this))
     , InfoTxt1(new QLabel(this))

@@ -23,9 +23,11 @@ namespace planor {
 
 class Anlage;
 class Elementkatalog;
-class LocoNetVerbindung;
 class PultBereich;
 class PultEditor;
+class Schnittstelle;
+class Uhr;
+struct ComPortUmgebung;
 struct Einstellungen;
 
 class MainWin : public QMainWindow, private ExitFrageUmgebung, private ProjektAnzeige {
@@ -33,7 +35,8 @@ class MainWin : public QMainWindow, private ExitFrageUmgebung, private ProjektAn
 
 public:
     // The settings file is rewritten from `einstellungen` at every exit attempt.
-    MainWin(Anlage& anlage, Elementkatalog& katalog, Einstellungen& einstellungen, QString settingsDatei,
+    // The link's waits run on `uhr`.
+    MainWin(Anlage& anlage, Elementkatalog& katalog, Einstellungen& einstellungen, QString settingsDatei, Uhr& uhr,
             QWidget* parent = nullptr);
     ~MainWin() override;
 
@@ -74,6 +77,13 @@ public:
     // Part 1.1: "Beenden" and closing the window go through ExitFrage.
     void ProgEndeMenu_Click();
 
+    // Part 2.1 (main_win_comport.cpp): the link to the bus, ComPortForm on
+    // OptionMenu(1), and the form Erststart of Part 1.1 step 11 (1 confirmed,
+    // 2 "Ende"). Confirming either closes the link and writes Planor.CFG.
+    Schnittstelle& schnittstelle();
+    void ComPortNummer_aendern();
+    int Erststart_zeigen();
+
     PultEditor& editor() { return *editor_; }
     PultBereich& bereich() { return *bereich_; }
 
@@ -96,6 +106,8 @@ private:
     // A file dialog of Part 1.4; the chosen full path or nothing.
     std::optional<QString> dateiWaehlen(const QString& titel, bool speichern, const QString& vorgabe = QString());
     void dateiMenusVerbinden();
+    // What ComPortForm's and Erststart's OK do to the link and the settings file.
+    ComPortUmgebung comPortUmgebung();
 
     QMenu* menu(const QString& name, const QString& titel);
     QAction* eintrag(QMenu* menu, const QString& name, const QString& text);
@@ -117,7 +129,7 @@ private:
     Einstellungen& einstellungen_;
     QString settingsDatei_;
     MeldungsBox meldungen_;
-    std::unique_ptr<LocoNetVerbindung> verbindung_;
+    std::unique_ptr<Schnittstelle> verbindung_;
     PultEditor* editor_;
     PultBereich* bereich_;
     QLabel* InfoTxt1;

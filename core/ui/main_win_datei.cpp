@@ -42,6 +42,7 @@ void MainWin::dateiMenusVerbinden()
         {"PultSpeichernUnterMenu", &MainWin::PultSpeichernUnterMenu_Click},
         {"NeuesPultMenu", &MainWin::NeuesPultMenu_Click},
         {"OptionMenu(0)", &MainWin::GrundeinstellungenMenu_Click},
+        {"OptionMenu(1)", &MainWin::ComPortNummer_aendern},
     };
     for (const auto& [name, handler] : menus) {
         QAction* a = aktion(QLatin1String(name));

@@ -17,19 +17,42 @@ public:
 
     bool oeffnen(QString&) override
     {
+        protokollieren(QStringLiteral("oeffnen"));
         offen = true;
         return true;
     }
-    void schliessen() override { offen = false; }
+    void schliessen() override
+    {
+        protokollieren(QStringLiteral("schliessen"));
+        offen = false;
+    }
     bool istOffen() const override { return offen; }
     bool cts() const override { return ctsHoch; }
-    void setzeBreak(bool an) override { breaks.push_back(an); }
-    void eingangVerwerfen() override { ++verworfen; }
+    void setzeBreak(bool an) override
+    {
+        protokollieren(an ? QStringLiteral("break an") : QStringLiteral("break aus"));
+        breaks.push_back(an);
+    }
+    bool setzeParameter(const QString& text) override
+    {
+        protokollieren(QStringLiteral("parameter ") + text);
+        return true;
+    }
+    void setzeLeitungen(bool dtr, bool rts) override
+    {
+        protokollieren(QStringLiteral("dtr %1 rts %2").arg(int(dtr)).arg(int(rts)));
+    }
+    void eingangVerwerfen() override
+    {
+        protokollieren(QStringLiteral("eingang verwerfen"));
+        ++verworfen;
+    }
 
     bool schreiben(const QByteArray& bytes) override
     {
         if (!offen)
             return false;
+        protokollieren(QStringLiteral("schreiben ") + QString::fromLatin1(bytes.toHex(' ').toUpper()));
         gesendet += bytes;
         if (echo)
             uhr_.nach(0, [this, bytes] { emit empfangen(bytes); });
@@ -52,8 +75,16 @@ public:
     std::vector<bool> breaks;
     // Called for each write: the test's module answers here.
     std::function<void(const QByteArray&)> antwort;
+    // What was done to the transport, in order, with the virtual time.
+    struct Schritt {
+        double zeit;
+        QString was;
+    };
+    std::vector<Schritt> protokoll;
 
 private:
+    void protokollieren(const QString& was) { protokoll.push_back({uhr_.sekunden(), was}); }
+
     Uhr& uhr_;
 };
 

@@ -9,6 +9,7 @@
 #include "editor/ui/pult_bereich.h"
 #include "editor/ui/zellen_grid.h"
 #include "platform/uhr.h"
+#include "tests/core/ui/erststart_hilfen.h"
 #include "tests/core/ui/gui_hilfen.h"
 
 #include <QAction>
@@ -70,6 +71,7 @@ private slots:
         FehlerbehandlungEinrichten({ordner->filePath(QStringLiteral("Fehler.log")), &uhr, &berichte});
         programm = std::make_unique<Programm>(ordner->path());
         startDruecken();
+        ersterStartMitSimulation(*programm);
         win = &programm->starten();
     }
 

@@ -4,6 +4,7 @@
 #include "core/ui/main.h"
 #include "core/ui/main_win.h"
 #include "platform/uhr.h"
+#include "tests/core/ui/erststart_hilfen.h"
 #include "tests/core/ui/gui_hilfen.h"
 
 #include <QAction>
@@ -41,6 +42,7 @@ private slots:
         Programm programm(ordner->path());
         QString info;
         startDruecken(&info);
+        ersterStartMitSimulation(programm);
         MainWin& win = programm.starten();
 
         QCOMPARE(info, QStringLiteral("Version 1.1.6 vom 21.07.2016"));
@@ -129,6 +131,7 @@ private slots:
     {
         Programm programm(ordner->path());
         startDruecken();
+        ersterStartMitSimulation(programm);
         MainWin& win = programm.starten();
         QVERIFY(win.close());
         QVERIFY(!win.isVisible());

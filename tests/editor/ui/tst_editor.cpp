@@ -8,6 +8,7 @@
 #include "editor/ui/pult_bereich.h"
 #include "editor/ui/zellen_grid.h"
 #include "platform/uhr.h"
+#include "tests/core/ui/erststart_hilfen.h"
 #include "tests/core/ui/gui_hilfen.h"
 
 #include <QAction>
@@ -32,6 +33,7 @@ private slots:
         FehlerbehandlungEinrichten({ordner.filePath(QStringLiteral("Fehler.log")), &uhr, &berichte});
         programm = std::make_unique<Programm>(ordner.path());
         startDruecken();
+        ersterStartMitSimulation(*programm);
         win = &programm->starten();
         QVERIFY(QTest::qWaitForWindowExposed(win));
         QVERIFY2(programm->katalog.ElementAnz > 0, "the installation's catalogue is read");
@@ -203,6 +205,7 @@ private slots:
 
     void AddressViewWithoutConnectionWarnsAndShowsTheGrid()
     {
+        ohneHardware(*programm, *win);
         QStringList meldungen;
         meldungenBeantworten(meldungen, 2);
         aktion("EditMode(2)")->trigger();
@@ -221,6 +224,7 @@ private slots:
 
     void MonitorWithoutConnectionStaysOnTheOldGrid()
     {
+        ohneHardware(*programm, *win);
         QStringList meldungen;
         meldungenBeantworten(meldungen, 1);
         aktion("EditMode(4)")->trigger();
