@@ -15,6 +15,7 @@
 #include <QCloseEvent>
 #include <QDate>
 #include <QFileDialog>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -56,7 +57,9 @@ MainWin::MainWin(Anlage& anlage, Elementkatalog& katalog, Einstellungen& einstel
 {
     setObjectName(QStringLiteral("MainWin"));
     setWindowTitle(QStringLiteral("NAVIK/TOBRA - Planor"));
-    resize(1024, 700);
+    // Without a stored geometry the window takes most of the screen: the
+    // palette alone is 8 cells wide.
+    resize(QGuiApplication::primaryScreen()->availableSize() * 0.9);
 
     InfoTxt1->setObjectName(QStringLiteral("InfoTxt1"));
     InfoTxt2->setObjectName(QStringLiteral("InfoTxt2"));

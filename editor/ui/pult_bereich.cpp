@@ -53,6 +53,10 @@ PultBereich::PultBereich(Anlage& anlage, const Elementkatalog& katalog, PultEdit
     , links_(new QWidget(this))
 {
     Pult->setModel(pultModell_);
+    // The address rows are 13 pixels high: their labels need a small font.
+    QFont klein = PultAdr->verticalHeader()->font();
+    klein.setPixelSize(10);
+    PultAdr->verticalHeader()->setFont(klein);
     PultAdr->setModel(pultAdrModell_);
     Mon->setModel(monModell_);
 

@@ -53,6 +53,16 @@ inline void startDruecken(QString* infoLbl = nullptr)
     });
 }
 
+// A control of a form by its objectName; a missing one ends the test run.
+template <typename T>
+T* kind(QWidget* form, const QString& name)
+{
+    T* w = form->findChild<T*>(name);
+    if (!w)
+        qFatal("control %s is missing", qPrintable(name));
+    return w;
+}
+
 inline void schreiben(const QString& datei, const QByteArray& bytes)
 {
     QFile f(datei);

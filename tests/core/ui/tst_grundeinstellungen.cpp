@@ -23,15 +23,6 @@ using namespace planor::test;
 
 namespace {
 
-template <typename T>
-T* kind(QWidget* form, const QString& name)
-{
-    T* w = form->findChild<T*>(name);
-    if (!w)
-        qFatal("control %s is missing", qPrintable(name));
-    return w;
-}
-
 QLineEdit* feld(QWidget* form, const char* name)
 {
     return kind<QLineEdit>(form, QLatin1String(name));

@@ -21,15 +21,6 @@ using namespace planor::test;
 
 namespace {
 
-template <typename T>
-T* kind(QWidget* form, const QString& name)
-{
-    T* w = form->findChild<T*>(name);
-    if (!w)
-        qFatal("control %s is missing", qPrintable(name));
-    return w;
-}
-
 QRadioButton* intOpt(QWidget* form, int i)
 {
     return kind<QRadioButton>(form, QStringLiteral("IntOpt(%1)").arg(i));
