@@ -2,6 +2,8 @@
 
 #include "platform/sim_modul.h"
 
+#include <QUrlQuery>
+
 namespace planor::cli {
 
 double wahrscheinlichkeit(const QString& option, QString wert)
@@ -40,6 +42,45 @@ SimModulAngabe modulAngabe(const QString& option, const QString& wert, bool mitV
     if (teile.size() == 3)
         m.version = int(ganzzahl(option, teile[2], 0, 65535));
     return m;
+}
+
+
+// PORT to the settings open_com reads.
+Einstellungen portEinstellungen(const QString& port)
+{
+    Einstellungen e;
+    if (port == u"sim") {
+        e.Verbindung = Verbindungsart::Simulation;
+    } else if (port.startsWith(QStringLiteral("tcp:"))) {
+        const qsizetype doppelpunkt = port.lastIndexOf(u':');
+        if (doppelpunkt <= 3)
+            throw FalscherAufruf{QStringLiteral("--port tcp:HOST:PORT erwartet, nicht \"%1\".").arg(port)};
+        e.Verbindung = Verbindungsart::LbServer;
+        e.LbServerHost = port.mid(4, doppelpunkt - 4);
+        e.LbServerPort = Long(ganzzahl(QStringLiteral("--port"), port.mid(doppelpunkt + 1), 1, 65535));
+    } else if (port.startsWith(QStringLiteral("serial:"))) {
+        const QString rest = port.mid(7);
+        const qsizetype frage = rest.indexOf(u'?');
+        e.ComPortGeraet = rest.left(frage);
+        const QString art = frage < 0 ? QString() : QUrlQuery(rest.mid(frage + 1)).queryItemValue(QStringLiteral("kind"));
+        if (art == u"usb") {
+            e.LocoNetInterface = e.USBInterface = true;
+        } else if (art == u"adapter") {
+            e.LocoNetInterface = true;
+        } else if (art != u"station") {
+            throw FalscherAufruf{QStringLiteral("--port serial:GERÄT?kind=usb|adapter|station erwartet.")};
+        }
+        if (e.ComPortGeraet.isEmpty())
+            throw FalscherAufruf{QStringLiteral("--port serial: braucht ein Gerät, z. B. serial:/dev/ttyUSB0?kind=usb")};
+    } else {
+        throw FalscherAufruf{QStringLiteral("Unbekannter --port: %1").arg(port)};
+    }
+    return e;
+}
+
+void StderrBenutzer::meldung(const QString& titel, const QString& text, Symbol)
+{
+    std::fputs(qPrintable(titel + QStringLiteral(": ") + text + u'\n'), fehler_);
 }
 
 }  // namespace planor::cli

@@ -1,7 +1,9 @@
 #include "app/planor-cli/cli.h"
 
 #include "app/planor-cli/projekt_befehle.h"
+#include "app/planor-cli/init_befehl.h"
 #include "app/planor-cli/lncv_befehl.h"
+#include "app/planor-cli/programm_befehle.h"
 #include "app/planor-cli/sim_befehl.h"
 #include "core/version.h"
 
@@ -31,6 +33,13 @@ QString hilfe()
         "  lncv read|write --article N --address A --lncv K [--value V] --port PORT\n"
         "                                  eine LNCV eines Moduls lesen oder schreiben; PORT:\n"
         "                                  serial:GERÄT?kind=usb|adapter|station, tcp:HOST:PORT, sim\n"
+        "  program PROJEKT.anl --port PORT [--cell X,Y] [--on-error ask|retry|skip|abort]\n"
+        "                                  alle Module der Anlage (oder eines) programmieren\n"
+        "  read PROJEKT.anl --port PORT [--cell X,Y] [--on-error ...] [--save]\n"
+        "                                  alle Module (oder eines) auslesen, mit --save speichern\n"
+        "  init --article N --address A [--address2 B] --sensors single|double --port PORT\n"
+        "                                  Modul initialisieren: das einzige Modul des Artikels am\n"
+        "                                  LocoNet bekommt eine neue Adresse und wird gelöscht\n"
         "  sim [--pty] [--tcp PORT] [...]  der eingebaute LocoNet-Simulator mit NAVIK/TOBRA-Modulen und\n"
         "                                  Zentrale, bis Strg+C; \"planor-cli sim --help\" zeigt die Optionen\n"
         "\n"
@@ -56,6 +65,12 @@ int ausfuehren(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
         return resave(argumente.mid(1), aus, fehler);
     if (befehl == u"lncv")
         return lncv(argumente.mid(1), aus, fehler);
+    if (befehl == u"program")
+        return program(argumente.mid(1), aus, fehler);
+    if (befehl == u"read")
+        return read(argumente.mid(1), aus, fehler);
+    if (befehl == u"init")
+        return init(argumente.mid(1), aus, fehler);
     if (befehl == u"sim")
         return sim(argumente.mid(1), aus, fehler);
     schreiben(fehler, befehl.isEmpty() ? QStringLiteral("Kein Befehl angegeben.\n\n")

@@ -12,8 +12,6 @@
 #include "platform/simulator.h"
 #include "platform/uhr.h"
 
-#include <QUrlQuery>
-
 #include <optional>
 
 namespace planor::cli {
@@ -73,51 +71,6 @@ Auftrag lesen(const QStringList& argumente)
     return a;
 }
 
-// PORT to the settings open_com reads.
-Einstellungen verbindung(const QString& port)
-{
-    Einstellungen e;
-    if (port == u"sim") {
-        e.Verbindung = Verbindungsart::Simulation;
-    } else if (port.startsWith(QStringLiteral("tcp:"))) {
-        const qsizetype doppelpunkt = port.lastIndexOf(u':');
-        if (doppelpunkt <= 3)
-            throw FalscherAufruf{QStringLiteral("--port tcp:HOST:PORT erwartet, nicht \"%1\".").arg(port)};
-        e.Verbindung = Verbindungsart::LbServer;
-        e.LbServerHost = port.mid(4, doppelpunkt - 4);
-        e.LbServerPort = Long(ganzzahl(QStringLiteral("--port"), port.mid(doppelpunkt + 1), 1, 65535));
-    } else if (port.startsWith(QStringLiteral("serial:"))) {
-        const QString rest = port.mid(7);
-        const qsizetype frage = rest.indexOf(u'?');
-        e.ComPortGeraet = rest.left(frage);
-        const QString art = frage < 0 ? QString() : QUrlQuery(rest.mid(frage + 1)).queryItemValue(QStringLiteral("kind"));
-        if (art == u"usb") {
-            e.LocoNetInterface = e.USBInterface = true;
-        } else if (art == u"adapter") {
-            e.LocoNetInterface = true;
-        } else if (art != u"station") {
-            throw FalscherAufruf{QStringLiteral("--port serial:GERÄT?kind=usb|adapter|station erwartet.")};
-        }
-        if (e.ComPortGeraet.isEmpty())
-            throw FalscherAufruf{QStringLiteral("--port serial: braucht ein Gerät, z. B. serial:/dev/ttyUSB0?kind=usb")};
-    } else {
-        throw FalscherAufruf{QStringLiteral("Unbekannter --port: %1").arg(port)};
-    }
-    return e;
-}
-
-class StderrBenutzer final : public Benutzer {
-public:
-    explicit StderrBenutzer(std::FILE* fehler) : fehler_(fehler) {}
-    void meldung(const QString& titel, const QString& text, Symbol) override
-    {
-        std::fputs(qPrintable(titel + QStringLiteral(": ") + text + u'\n'), fehler_);
-    }
-
-private:
-    std::FILE* fehler_;
-};
-
 }  // namespace
 
 int lncv(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
@@ -126,7 +79,7 @@ int lncv(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
     Einstellungen e;
     try {
         a = lesen(argumente);
-        e = verbindung(a.port);
+        e = portEinstellungen(a.port);
     } catch (const FalscherAufruf& f) {
         std::fputs(qPrintable(f.text + QStringLiteral("\n\n") + QString::fromUtf8(Aufruf)), fehler);
         return Aufruffehler;

@@ -14,6 +14,7 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QDate>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QLabel>
@@ -30,7 +31,7 @@ namespace {
 const QStringList ProjektMenus = {
     QStringLiteral("BearbeitenMenu"), QStringLiteral("PultSpeichernMenu"), QStringLiteral("PultSpeichernUnterMenu"),
     QStringLiteral("DruckMenu"),      QStringLiteral("EditModusMenu"),     QStringLiteral("KonfHauptMenu"),
-    QStringLiteral("ProgHauptMenu"),
+    QStringLiteral("ProgHauptMenu"),  QStringLiteral("AuslHauptMenu"),
 };
 
 QString feldName(const char* name, int index)
@@ -75,6 +76,7 @@ MainWin::MainWin(Anlage& anlage, Elementkatalog& katalog, Einstellungen& einstel
     bearbeitenVerbinden();
     pultVerbinden();
     dateiMenusVerbinden();
+    programmierMenusVerbinden();
 }
 
 MainWin::~MainWin() = default;
@@ -250,9 +252,12 @@ void MainWin::ProgEndeMenu_Click()
 
 void MainWin::closeEvent(QCloseEvent* event)
 {
-    if (ExitFrage(anlage_, *this))
+    if (ExitFrage(anlage_, *this)) {
         event->accept();
-    else
+        // A pick of Part 2.4 waiting on the plan gives up with the window.
+        if (auswahlSchleife_)
+            auswahlSchleife_->quit();
+    } else
         event->ignore();
 }
 

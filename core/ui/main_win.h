@@ -6,10 +6,12 @@
 //   main_win_ansicht.cpp views, lock and menu states (Part 3.3)
 //   main_win_pult.cpp    mouse, keys and edit menu on the plan (Part 3.2)
 //   main_win_datei.cpp   the file menus and the project's loading (Part 1.4)
+//   main_win_programmieren.cpp  the menus "Programmieren" and "Auslesen" (Part 2.4)
 
 #include "core/exit_frage.h"
 #include "core/project_file.h"
 #include "core/ui/meldungs_box.h"
+#include "loconet/programmierung.h"
 
 #include <QElapsedTimer>
 #include <QMainWindow>
@@ -17,7 +19,9 @@
 #include <memory>
 
 class QLabel;
+class QEventLoop;
 class QMenu;
+class QTimer;
 
 namespace planor {
 
@@ -30,7 +34,7 @@ class Uhr;
 struct ComPortUmgebung;
 struct Einstellungen;
 
-class MainWin : public QMainWindow, private ExitFrageUmgebung, private ProjektAnzeige {
+class MainWin : public QMainWindow, private ExitFrageUmgebung, private ProjektAnzeige, private ProgrammierAnzeige {
     Q_OBJECT
 
 public:
@@ -83,6 +87,18 @@ public:
     Schnittstelle& schnittstelle();
     void ComPortNummer_aendern();
     int Erststart_zeigen();
+    // Part 2.5 (main_win_init.cpp): OptionMenu(2) "Modul initialisieren".
+    void ModulInitialisieren_Click();
+
+    // Part 2.4 (main_win_programmieren.cpp): ProgMenu(1), ProgMenu(2),
+    // AuslMenu(1), AuslMenu(2) in the menu frame.
+    void ProgMenu_Click(int index);
+    void AuslMenu_Click(int index);
+    // The pick on the locked plan (Pult_MouseDown, view 1): a single module
+    // is being chosen; the clicked cell and whether one was clicked.
+    bool ProgAuswWartet = false;
+    bool ProgAuswFertig = false;
+    int ProgX = 0, ProgY = 0;
 
     PultEditor& editor() { return *editor_; }
     PultBereich& bereich() { return *bereich_; }
@@ -116,6 +132,21 @@ private:
     void bearbeitenVerbinden();
     void pultVerbinden();
 
+    // Part 2.4: the menu frame around one operation, and ProgrammierAnzeige.
+    void programmierRahmen(const QString& fehlerTitel, bool (*operation)(Programmierumgebung&), const char* name);
+    void programmierMenusVerbinden();
+    bool frageOkAbbrechen(const QString& titel, const QString& text) override;
+    bool frageJaNein(const QString& titel, const QString& text) override;
+    void markieren(int x, int y) override;
+    void markierungAus() override;
+    void MarkTimer_Timer();
+    void beschaeftigt(bool an) override;
+    FehlerAntwort fehlerMeldung(const QString& titel) override;
+    bool zelleWaehlen(int& x, int& y) override;
+    void fortschritt(int n, int m) override;
+    // A question box of the operations, with the arrow while the busy pointer stands.
+    bool programmierFrage(const QString& titel, const QString& text, int knoepfe, int ja);
+
     // Part 3.2 on the grid `Pult`.
     void Pult_MouseDown(int x, int y);
     void Pult_MouseUp_Links();
@@ -134,6 +165,18 @@ private:
     PultBereich* bereich_;
     QLabel* InfoTxt1;
     QLabel* InfoTxt2;
+    // Part 2.4 extension: "Modul n von m" during a bulk run, beside the status lines.
+    QLabel* InfoTxt3 = nullptr;
+    // Part 2.4 / 3.6: the blinking mark of the module at work.
+    QTimer* MarkTimer = nullptr;
+    int markX_ = 0, markY_ = 0, markZaehler_ = 0;
+    QString markBild_;
+    bool programmierungLaeuft_ = false;
+    // The prompt's title of the menu entry that runs (Part 2.4 frame step 2).
+    QString fehlerTitel_;
+    bool beschaeftigt_ = false;
+    // The pick's wait; quit by the click or by the window's closing.
+    QEventLoop* auswahlSchleife_ = nullptr;
     // Status lines are repainted at once, but during a long run at most every
     // few hundredths of a second.
     QElapsedTimer letzteAnzeige_;

@@ -102,6 +102,8 @@ void MainWin::GleisPlan_Lock_Unlock()
     aktion(QStringLiteral("GPLockMenu"))->setChecked(s.GPLockMenu);
     setWindowTitle(s.titel);
     aktion(QStringLiteral("ProgHauptMenu"))->setEnabled(s.ProgHauptMenu);
+    // spec-notes 2.4: "Auslesen" follows the lock as "Programmieren" does.
+    aktion(QStringLiteral("AuslHauptMenu"))->setEnabled(s.ProgHauptMenu);
     aktion(QStringLiteral("KonfHauptMenu"))->setEnabled(s.KonfHauptMenu);
 }
 

@@ -43,6 +43,7 @@ void MainWin::dateiMenusVerbinden()
         {"NeuesPultMenu", &MainWin::NeuesPultMenu_Click},
         {"OptionMenu(0)", &MainWin::GrundeinstellungenMenu_Click},
         {"OptionMenu(1)", &MainWin::ComPortNummer_aendern},
+        {"OptionMenu(2)", &MainWin::ModulInitialisieren_Click},
     };
     for (const auto& [name, handler] : menus) {
         QAction* a = aktion(QLatin1String(name));

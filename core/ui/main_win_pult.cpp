@@ -10,6 +10,7 @@
 #include "editor/ui/zellen_grid.h"
 
 #include <QAction>
+#include <QEventLoop>
 #include <QItemSelectionModel>
 #include <QPixmap>
 
@@ -83,6 +84,15 @@ void MainWin::pultZeigerSetzen()
 void MainWin::Pult_MouseDown(int x, int y)
 {
     editor_->setzeAktuell(x, y);
+    // Part 2.4: the pick of a single module on the locked plan.
+    if (EditMode == Gleisplan && anlage_.PultOpt.PultOptGPLocked && ProgAuswWartet) {
+        ProgX = x;
+        ProgY = y;
+        ProgAuswFertig = true;
+        if (auswahlSchleife_)
+            auswahlSchleife_->quit();
+        return;
+    }
     if (EditMode != Gleisplan || anlage_.PultOpt.PultOptGPLocked)
         return;
     editor_->Pult_LinksKlick(x, y);

@@ -1,0 +1,304 @@
+// planor-cli program|read (Part 2.4) end to end: through a pseudo-terminal to
+// a running `planor-cli sim` that holds the demo project's modules, with its
+// state file as the modules' memory between runs.
+#include "tests/app/sim_prozess.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <map>
+
+using namespace planor::test;
+
+namespace {
+
+constexpr int ProgGrenze = 120000; // ms for a whole bulk run
+
+Lauf cli(const QStringList& a)
+{
+    QProcess p;
+    p.start(QStringLiteral(PLANOR_CLI), a);
+    if (!p.waitForFinished(ProgGrenze)) {
+        p.kill();
+        p.waitForFinished(Grenze);
+        return {-1, {}, {}};
+    }
+    return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput()), QString::fromUtf8(p.readAllStandardError())};
+}
+
+using Werte = std::map<int, long>;
+using Module = std::map<std::pair<long, long>, Werte>; // (article, address) → values
+
+// The values of a state file ("modul A ADR", "lncv I V"); missing values are 0.
+Module zustandLesen(const QString& datei)
+{
+    Module m;
+    QFile f(datei);
+    if (!f.open(QIODevice::ReadOnly))
+        return m;
+    Werte* aktuell = nullptr;
+    for (const QByteArray& roh : f.readAll().split('\n')) {
+        const QList<QByteArray> t = roh.trimmed().split(' ');
+        if (t.size() == 3 && t[0] == "modul")
+            aktuell = &m[{t[1].toLong(), t[2].toLong()}];
+        else if (t.size() == 3 && t[0] == "lncv" && aktuell)
+            (*aktuell)[t[1].toInt()] = t[2].toLong();
+    }
+    return m;
+}
+
+// The values of a side file "ART_ADR.lcv" of the project folder.
+Werte lcvLesen(const QString& datei)
+{
+    Werte w;
+    QFile f(datei);
+    if (!f.open(QIODevice::ReadOnly))
+        return w;
+    static const QRegularExpression wert(QStringLiteral("(\\d+)=\\s*(-?\\d+)"));
+    const QString text = QString::fromLatin1(f.readAll());
+    for (auto it = wert.globalMatch(text); it.hasNext();) {
+        const auto m = it.next();
+        w[m.captured(1).toInt()] = m.captured(2).toLong();
+    }
+    return w;
+}
+
+int letzte(long artikel)
+{
+    return artikel == 47320 || artikel == 47330 ? 459 : artikel == 47220 ? 119 : 127;
+}
+
+// Differences between a project's side files and a state file's modules.
+QStringList unterschiede(const QString& ordner, const Module& module)
+{
+    QStringList d;
+    const QStringList dateien = QDir(ordner).entryList({QStringLiteral("*.lcv")});
+    if (dateien.isEmpty())
+        d << QStringLiteral("no .lcv in ") + ordner;
+    for (const QString& name : dateien) {
+        const long artikel = name.section(u'_', 0, 0).toLong();
+        const Werte p = lcvLesen(ordner + u'/' + name);
+        const long adresse = p.count(0) ? p.at(0) : -1;
+        const auto it = module.find({artikel, adresse});
+        if (it == module.end()) {
+            d << QStringLiteral("no module %1:%2").arg(artikel).arg(adresse);
+            continue;
+        }
+        for (int i = 2; i <= letzte(artikel); ++i) {
+            if (i == 16 && artikel != 47320)
+                continue;
+            const long soll = (p.count(i) ? p.at(i) : 0) & 0xFFFF;
+            const long ist = it->second.count(i) ? it->second.at(i) : 0;
+            if (soll != ist)
+                d << QStringLiteral("%1 LNCV %2: project %3, module %4").arg(name).arg(i).arg(soll).arg(ist);
+        }
+    }
+    return d;
+}
+
+class ProgrammBefehle : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(ordner.isValid());
+        zustand = ordner.filePath(QStringLiteral("zustand.txt"));
+        demoOrdner = QFileInfo(QStringLiteral(PLANOR_DEMO)).absolutePath();
+    }
+
+    // The simulator with the demo's modules, fast (no wire time, no reaction time).
+    std::unique_ptr<SimProzess> starten(const QStringList& mehr = {})
+    {
+        auto s = std::make_unique<SimProzess>(
+            QStringList {QStringLiteral("--pty"), QStringLiteral("--layout"), QStringLiteral(PLANOR_DEMO),
+                QStringLiteral("--state"), zustand, QStringLiteral("--wire-time"), QStringLiteral("off"),
+                QStringLiteral("--reaction-ms"), QStringLiteral("0")}
+            + mehr);
+        port = QStringLiteral("serial:%1?kind=usb").arg(s->zeile(QStringLiteral("PTY ")));
+        return s;
+    }
+
+    Lauf befehl(const char* was, const QString& projekt, const QStringList& mehr = {})
+    {
+        return cli(QStringList {QString::fromLatin1(was), projekt, QStringLiteral("--port"), port} + mehr);
+    }
+
+    // A copy of the demo project (with its side files) in `ziel`.
+    QString kopie(const QString& ziel)
+    {
+        QDir().mkpath(ziel);
+        for (const QString& n : QDir(demoOrdner).entryList(QDir::Files))
+            QFile::copy(demoOrdner + u'/' + n, ziel + u'/' + n);
+        return ziel + QStringLiteral("/Demo.anl");
+    }
+
+    QTemporaryDir ordner;
+    QString zustand, demoOrdner, port;
+};
+
+} // namespace
+
+TEST_F(ProgrammBefehle, ProgramTheDemoThenAgainWithoutWritesThenReadBack)
+{
+    {
+        auto sim = starten();
+        const Lauf l = befehl("program", QStringLiteral(PLANOR_DEMO));
+        EXPECT_EQ(l.status, 0) << l.fehler.toStdString() << l.aus.toStdString();
+        EXPECT_TRUE(l.aus.contains(QStringLiteral("Modul 5 von 5\n")));
+        EXPECT_TRUE(l.aus.contains(QStringLiteral("Modul Programmierung -  O.K.  \n")));
+        EXPECT_TRUE(l.aus.endsWith(QStringLiteral("Programmierung beendet !!!\n"))) << l.aus.toStdString();
+        EXPECT_EQ(sim->beenden(), 0);
+    }
+    EXPECT_EQ(unterschiede(demoOrdner, zustandLesen(zustand)), QStringList());
+
+    QFile f(zustand);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QByteArray vorher = f.readAll();
+    f.close();
+    {
+        auto sim = starten({QStringLiteral("--monitor")});
+        // The monitor's lines are read while the command runs, so that the
+        // simulator never blocks on a full pipe.
+        QProcess p;
+        p.start(QStringLiteral(PLANOR_CLI),
+            {QStringLiteral("program"), QStringLiteral(PLANOR_DEMO), QStringLiteral("--port"), port});
+        QByteArray monitorBytes;
+        QDeadlineTimer frist(ProgGrenze);
+        while (!p.waitForFinished(5) && !frist.hasExpired()) {
+            sim->p.waitForReadyRead(5);
+            monitorBytes += sim->p.readAllStandardOutput();
+        }
+        EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
+        EXPECT_EQ(sim->beenden(), 0);
+        monitorBytes += sim->p.readAllStandardOutput();
+        const QString monitor = QString::fromUtf8(monitorBytes);
+        EXPECT_TRUE(monitor.contains(QStringLiteral("BUS ED 0F 08 05 00 21"))) << "the second run reads";
+        EXPECT_FALSE(monitor.contains(QStringLiteral("BUS ED 0F 08 05 00 20"))) << "and writes nothing";
+    }
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), vorher);
+    f.close();
+
+    // Read back into a copy whose values are gone: --save brings the modules' values home.
+    const QString kopieOrdner = ordner.filePath(QStringLiteral("kopie"));
+    const QString projekt = kopie(kopieOrdner);
+    for (const QString& n : QDir(kopieOrdner).entryList({QStringLiteral("*.lcv")})) {
+        QFile lcv(kopieOrdner + u'/' + n);
+        ASSERT_TRUE(lcv.open(QIODevice::ReadOnly));
+        QString text = QString::fromLatin1(lcv.readAll());
+        lcv.close();
+        // LNCV 2 (the mode) and 15 of every module set to values no module holds.
+        text.replace(QRegularExpression(QStringLiteral("(^|[^0-9])2=\\s*-?\\d+")),
+            QStringLiteral("\\1"
+                           "2=  7777"));
+        text.replace(QRegularExpression(QStringLiteral("(^|[^0-9])15=\\s*-?\\d+")),
+            QStringLiteral("\\1"
+                           "15=  8888"));
+        ASSERT_TRUE(text.contains(QStringLiteral("2=  7777")));
+        ASSERT_TRUE(lcv.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        lcv.write(text.toLatin1());
+    }
+    {
+        auto sim = starten();
+        const Lauf l = befehl("read", projekt, {QStringLiteral("--save")});
+        EXPECT_EQ(l.status, 0) << l.fehler.toStdString();
+        EXPECT_TRUE(l.aus.endsWith(QStringLiteral("Auslesen beendet !!!\n"))) << l.aus.toStdString();
+        EXPECT_EQ(sim->beenden(), 0);
+    }
+    EXPECT_EQ(unterschiede(kopieOrdner, zustandLesen(zustand)), QStringList());
+}
+
+TEST_F(ProgrammBefehle, OneModuleByCell)
+{
+    auto sim = starten();
+    // The demo's first receiver sits at (6, 2) (47220_1.lcv).
+    const Lauf l = befehl("program", QStringLiteral(PLANOR_DEMO), {QStringLiteral("--cell"), QStringLiteral("6,2")});
+    EXPECT_EQ(l.status, 0) << l.fehler.toStdString();
+    EXPECT_TRUE(l.aus.startsWith(QStringLiteral("Modul bitte mit der Maus auswählen\n"))) << l.aus.toStdString();
+    EXPECT_TRUE(l.aus.contains(QStringLiteral("Modul in Spalte 6 Zeile 2 wird programmiert \n")));
+    EXPECT_EQ(l.aus.count(QStringLiteral("wird programmiert \n")), 1);
+    EXPECT_TRUE(l.aus.endsWith(QStringLiteral("Programmierung beendet !!!\n")));
+    EXPECT_EQ(sim->beenden(), 0);
+    const Module m = zustandLesen(zustand);
+    const auto it = m.find({47220, 1});
+    ASSERT_NE(it, m.end());
+    EXPECT_EQ(it->second.count(2) ? it->second.at(2) : 0, 23) << "LNCV 2 of 47220_1.lcv";
+    const auto anderes = m.find({47220, 2});
+    ASSERT_NE(anderes, m.end());
+    EXPECT_EQ(anderes->second.count(2), 0u) << "the other modules stay at factory values";
+
+    const Lauf leer = befehl("program", QStringLiteral(PLANOR_DEMO), {QStringLiteral("--cell"), QStringLiteral("1,1")});
+    EXPECT_EQ(leer.status, 1);
+}
+
+TEST_F(ProgrammBefehle, SilentModuleWithSkipGoesOnAndFails)
+{
+    auto sim = starten({QStringLiteral("--silent"), QStringLiteral("47220:2")});
+    const Lauf l
+        = befehl("program", QStringLiteral(PLANOR_DEMO), {QStringLiteral("--on-error"), QStringLiteral("skip")});
+    EXPECT_EQ(l.status, 1);
+    EXPECT_TRUE(l.fehler.contains(QStringLiteral("Modul reagiert nicht"))) << l.fehler.toStdString();
+    EXPECT_EQ(l.aus.count(QStringLiteral("Achtung Fehler: Modul Programmierung fehlerhaft\n")), 1);
+    EXPECT_EQ(l.aus.count(QStringLiteral("Modul Programmierung -  O.K.  \n")), 4) << l.aus.toStdString();
+    EXPECT_TRUE(l.aus.endsWith(QStringLiteral("Programmierung beendet !!!\n")));
+}
+
+TEST_F(ProgrammBefehle, SilentModuleWithAbortStopsAtTheFirstFailure)
+{
+    auto sim = starten({QStringLiteral("--silent"), QStringLiteral("47220:1")});
+    const Lauf l = befehl("program", QStringLiteral(PLANOR_DEMO)); // abort is the default
+    EXPECT_EQ(l.status, 1);
+    EXPECT_EQ(l.aus.count(QStringLiteral("Achtung Fehler: Modul Programmierung fehlerhaft\n")), 1);
+    EXPECT_FALSE(l.aus.contains(QStringLiteral("Programmierung beendet !!!"))) << l.aus.toStdString();
+    // (6, 2) is the second module in the run's order.
+    EXPECT_TRUE(l.aus.contains(QStringLiteral("X: 6 Y: 2\n"))) << l.aus.toStdString();
+    EXPECT_FALSE(l.aus.contains(QStringLiteral("Modul 3 von 5")));
+}
+
+TEST_F(ProgrammBefehle, RetryIsBounded)
+{
+    auto sim = starten({QStringLiteral("--silent"), QStringLiteral("47220:1")});
+    const Lauf l
+        = befehl("program", QStringLiteral(PLANOR_DEMO), {QStringLiteral("--on-error"), QStringLiteral("retry")});
+    EXPECT_EQ(l.status, 1);
+    EXPECT_EQ(l.aus.count(QStringLiteral("Achtung Fehler: Modul Programmierung fehlerhaft\n")), 4)
+        << "first try and 3 retries";
+    EXPECT_TRUE(l.aus.endsWith(QStringLiteral("Programmierung beendet !!!\n")));
+}
+
+TEST_F(ProgrammBefehle, AskReadsTheAnswerFromStdin)
+{
+    auto sim = starten({QStringLiteral("--silent"), QStringLiteral("47220:1")});
+    QProcess p;
+    p.start(QStringLiteral(PLANOR_CLI),
+        {QStringLiteral("program"), QStringLiteral(PLANOR_DEMO), QStringLiteral("--port"), port,
+            QStringLiteral("--on-error"), QStringLiteral("ask")});
+    // An answer it does not know is asked again; then "nochmal", then "nächstes".
+    p.write("x\nn\nä\n");
+    p.closeWriteChannel();
+    ASSERT_TRUE(p.waitForFinished(ProgGrenze));
+    const QString aus = QString::fromUtf8(p.readAllStandardOutput());
+    EXPECT_EQ(p.exitCode(), 1);
+    EXPECT_EQ(aus.count(QStringLiteral("Achtung Fehler: Modul Programmierung fehlerhaft\n")), 2) << aus.toStdString();
+    EXPECT_EQ(aus.count(QStringLiteral("nochmal (n), nächstes Modul (ä) oder Abbruch (a)? ")), 3);
+    EXPECT_TRUE(aus.endsWith(QStringLiteral("Programmierung beendet !!!\n")));
+}
+
+TEST_F(ProgrammBefehle, WrongCallsExitWith2)
+{
+    EXPECT_EQ(cli({QStringLiteral("program"), QStringLiteral(PLANOR_DEMO)}).status, 2) << "no --port";
+    EXPECT_EQ(cli({QStringLiteral("program"), QStringLiteral(PLANOR_DEMO), QStringLiteral("--port"),
+                      QStringLiteral("sim"), QStringLiteral("--on-error"), QStringLiteral("maybe")})
+                  .status,
+        2);
+    EXPECT_EQ(cli({QStringLiteral("program"), QStringLiteral(PLANOR_DEMO), QStringLiteral("--port"),
+                      QStringLiteral("sim"), QStringLiteral("--save")})
+                  .status,
+        2);
+    EXPECT_EQ(cli({QStringLiteral("read"), QStringLiteral(PLANOR_DEMO), QStringLiteral("--port"), QStringLiteral("sim"),
+                      QStringLiteral("--cell"), QStringLiteral("3")})
+                  .status,
+        2);
+}
