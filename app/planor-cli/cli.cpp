@@ -1,6 +1,7 @@
 #include "app/planor-cli/cli.h"
 
 #include "app/planor-cli/projekt_befehle.h"
+#include "app/planor-cli/decode_befehl.h"
 #include "app/planor-cli/init_befehl.h"
 #include "app/planor-cli/lncv_befehl.h"
 #include "app/planor-cli/programm_befehle.h"
@@ -42,6 +43,9 @@ QString hilfe()
         "                                  LocoNet bekommt eine neue Adresse und wird gelöscht\n"
         "  sim [--pty] [--tcp PORT] [...]  der eingebaute LocoNet-Simulator mit NAVIK/TOBRA-Modulen und\n"
         "                                  Zentrale, bis Strg+C; \"planor-cli sim --help\" zeigt die Optionen\n"
+        "  decode [--hex] [--ascii-hex] HEX...\n"
+        "                                  LocoNet-Nachrichten (Bytes mit Prüfsumme) als Text des\n"
+        "                                  LocoNet-Monitors, eine Zeile je Text\n"
         "\n"
         "Rückgabewerte: 0 Erfolg, 1 Fehler (Fehlerbericht auf stderr), 2 falscher Aufruf.\n");
 }
@@ -71,6 +75,8 @@ int ausfuehren(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
         return read(argumente.mid(1), aus, fehler);
     if (befehl == u"init")
         return init(argumente.mid(1), aus, fehler);
+    if (befehl == u"decode")
+        return decode(argumente.mid(1), aus, fehler);
     if (befehl == u"sim")
         return sim(argumente.mid(1), aus, fehler);
     schreiben(fehler, befehl.isEmpty() ? QStringLiteral("Kein Befehl angegeben.\n\n")
