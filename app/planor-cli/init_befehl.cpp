@@ -1,6 +1,7 @@
 #include "app/planor-cli/init_befehl.h"
 
 #include "app/planor-cli/argumente.h"
+#include "app/planor-cli/bus_verbindung.h"
 #include "app/planor-cli/cli.h"
 #include "core/settings_file.h"
 #include "loconet/lncv_austausch.h"
@@ -113,14 +114,10 @@ int init(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
         return Aufruffehler;
     }
 
-    SystemUhr uhr;
-    StderrBenutzer benutzer(fehler);
-    Simulator simulator(uhr);
-    for (const SimModulAngabe& m : a.module)
-        simulator.modulHinzufuegen(m);
     CliAnzeige anzeige(aus);
-    Schnittstelle schnittstelle(e, uhr, benutzer, [&anzeige](int, const QString& text) { anzeige.zeile(text); });
-    schnittstelle.setzeSimulator([&simulator]() -> std::unique_ptr<Transport> { return simulator.transport(); });
+    BusVerbindung bus(e, a.module, fehler, [&anzeige](int, const QString& text) { anzeige.zeile(text); });
+    Schnittstelle& schnittstelle = bus.schnittstelle;
+    StderrBenutzer& benutzer = bus.benutzer;
 
     anzeige.zeile(NavInitTitel + QStringLiteral(": ") + a.form.artikelListe.value(a.form.artikelIndex));
     Long code = 0;

@@ -1,6 +1,7 @@
 #include "app/planor-cli/lncv_befehl.h"
 
 #include "app/planor-cli/argumente.h"
+#include "app/planor-cli/bus_verbindung.h"
 #include "app/planor-cli/cli.h"
 #include "core/benutzer.h"
 #include "core/panel_model.h"
@@ -85,13 +86,8 @@ int lncv(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
         return Aufruffehler;
     }
 
-    SystemUhr uhr;
-    StderrBenutzer benutzer(fehler);
-    Simulator simulator(uhr);
-    for (const SimModulAngabe& m : a.module)
-        simulator.modulHinzufuegen(m);
-    Schnittstelle schnittstelle(e, uhr, benutzer);
-    schnittstelle.setzeSimulator([&simulator]() -> std::unique_ptr<Transport> { return simulator.transport(); });
+    BusVerbindung bus(e, a.module, fehler);
+    Schnittstelle& schnittstelle = bus.schnittstelle;
 
     Long err = 0;
     schnittstelle.open_com(err);

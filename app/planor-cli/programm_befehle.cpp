@@ -1,6 +1,7 @@
 #include "app/planor-cli/programm_befehle.h"
 
 #include "app/planor-cli/argumente.h"
+#include "app/planor-cli/bus_verbindung.h"
 #include "app/planor-cli/cli.h"
 #include "app/planor-cli/projekt_laden.h"
 #include "core/zellanzeige.h"
@@ -199,14 +200,12 @@ int bulk(const QStringList& argumente, std::FILE* aus, std::FILE* fehler, bool a
         }
     }
 
-    SystemUhr uhr;
-    StderrBenutzer benutzer(fehler);
-    Simulator simulator(uhr);
-    if (e.Verbindung == Verbindungsart::Simulation)
-        for (const SimModulAngabe& m : SimModuleAusAnlage(anlage))
-            simulator.modulHinzufuegen(m);
-    Schnittstelle schnittstelle(e, uhr, benutzer);
-    schnittstelle.setzeSimulator([&simulator]() -> std::unique_ptr<Transport> { return simulator.transport(); });
+    // With the simulation the modules are the project's, at factory values.
+    BusVerbindung bus(e, e.Verbindung == Verbindungsart::Simulation ? SimModuleAusAnlage(anlage)
+                                                                     : std::vector<SimModulAngabe>{},
+                      fehler);
+    Schnittstelle& schnittstelle = bus.schnittstelle;
+    StderrBenutzer& benutzer = bus.benutzer;
 
     KonsolenAnzeige anzeige(a, aus);
     KeineZellanzeige zellen;
