@@ -4,6 +4,7 @@
 #include "app/planor-cli/decode_befehl.h"
 #include "app/planor-cli/init_befehl.h"
 #include "app/planor-cli/lncv_befehl.h"
+#include "app/planor-cli/monitor_befehl.h"
 #include "app/planor-cli/programm_befehle.h"
 #include "app/planor-cli/sim_befehl.h"
 #include "core/version.h"
@@ -46,6 +47,9 @@ QString hilfe()
         "  decode [--hex] [--ascii-hex] HEX...\n"
         "                                  LocoNet-Nachrichten (Bytes mit Prüfsumme) als Text des\n"
         "                                  LocoNet-Monitors, eine Zeile je Text\n"
+        "  monitor --port PORT [--hex] [--ascii-hex] [--trace DATEI]\n"
+        "                                  der LocoNet-Monitor: jede Nachricht auf dem Bus als Text,\n"
+        "                                  bis Strg+C\n"
         "\n"
         "Rückgabewerte: 0 Erfolg, 1 Fehler (Fehlerbericht auf stderr), 2 falscher Aufruf.\n");
 }
@@ -77,6 +81,8 @@ int ausfuehren(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
         return init(argumente.mid(1), aus, fehler);
     if (befehl == u"decode")
         return decode(argumente.mid(1), aus, fehler);
+    if (befehl == u"monitor")
+        return monitor(argumente.mid(1), aus, fehler);
     if (befehl == u"sim")
         return sim(argumente.mid(1), aus, fehler);
     schreiben(fehler, befehl.isEmpty() ? QStringLiteral("Kein Befehl angegeben.\n\n")

@@ -3,18 +3,16 @@
 #include "app/planor-cli/argumente.h"
 #include "app/planor-cli/cli.h"
 #include "app/planor-cli/projekt_laden.h"
+#include "app/planor-cli/signale.h"
 #include "app/planor-cli/sim_lbserver.h"
 #include "app/planor-cli/sim_pty.h"
+#include "platform/sim_flut.h"
 #include "platform/simulator.h"
 #include "platform/uhr.h"
 
 #include <QCoreApplication>
-#include <QSocketNotifier>
 
-#include <csignal>
-#include <fcntl.h>
 #include <optional>
-#include <unistd.h>
 
 namespace planor::cli {
 
@@ -35,6 +33,8 @@ const char* const Aufruf =
     "  --wire-time on|off       Leitungszeit 0,6 ms je Byte (Vorgabe on)\n"
     "  --reaction-ms N          Reaktionszeit der Module in ms (Vorgabe 10)\n"
     "  --monitor                jede Busnachricht als \"BUS <Hex>\" ausgeben\n"
+    "  --flood                  den Bus für Messungen mit Nachrichten füllen, so schnell er sie nimmt\n"
+    "                           (nicht zusammen mit Störungen)\n"
     "Störungen (P ist eine Wahrscheinlichkeit von 0 bis 1):\n"
     "  --drop P  --corrupt P  --duplicate P   Nachrichten verwerfen, ein Byte verfälschen, doppeln\n"
     "  --delay-ms N [--delay P] Nachrichten um N ms verzögern (ohne --delay jede)\n"
@@ -55,6 +55,7 @@ struct Optionen {
     bool verweigern = false;
     std::vector<std::pair<Long, Long>> stumm;
     bool monitor = false;
+    bool flut = false;
 };
 
 std::pair<QHostAddress, quint16> tcpAngabe(const QString& wert)
@@ -117,11 +118,17 @@ Optionen lesen(const QStringList& argumente)
             o.stumm.emplace_back(m.artikel, m.adresse);
         } else if (a == u"--monitor")
             o.monitor = true;
+        else if (a == u"--flood")
+            o.flut = true;
         else
             throw FalscherAufruf{QStringLiteral("Unbekannte Option: %1").arg(a)};
     }
     if (!o.pty && !o.tcp)
         throw FalscherAufruf{QStringLiteral("Bitte --pty oder --tcp PORT angeben.")};
+    const SimStoerungen& s = o.stoerungen;
+    if (o.flut && (s.verwerfen > 0 || s.verfaelschen > 0 || s.verdoppeln > 0 || s.verzoegern > 0))
+        throw FalscherAufruf{QStringLiteral("--flood geht nicht zusammen mit Störungen (--drop, --corrupt, "
+                                            "--duplicate, --delay, --delay-ms).")};
     return o;
 }
 
@@ -129,31 +136,6 @@ void text(std::FILE* ziel, const QString& t)
 {
     std::fputs(t.toLocal8Bit().constData(), ziel);
     std::fflush(ziel);
-}
-
-// SIGINT and SIGTERM end the event loop through a pipe: the handler only writes a byte.
-int signalRohr[2] = {-1, -1};
-
-void aufSignal(int)
-{
-    const char c = 1;
-    [[maybe_unused]] const ssize_t n = ::write(signalRohr[1], &c, 1);
-}
-
-bool signaleUmleiten(QObject* eltern)
-{
-    if (::pipe2(signalRohr, O_CLOEXEC | O_NONBLOCK) != 0)
-        return false;
-    struct sigaction sa {};
-    sa.sa_handler = aufSignal;
-    sigemptyset(&sa.sa_mask);
-    sa.sa_flags = SA_RESTART;
-    ::sigaction(SIGINT, &sa, nullptr);
-    ::sigaction(SIGTERM, &sa, nullptr);
-    std::signal(SIGPIPE, SIG_IGN);
-    auto* melder = new QSocketNotifier(signalRohr[0], QSocketNotifier::Read, eltern);
-    QObject::connect(melder, &QSocketNotifier::activated, [] { QCoreApplication::quit(); });
-    return true;
 }
 
 }  // namespace
@@ -235,6 +217,9 @@ int sim(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
                          [aus](const QByteArray& b) {
                              text(aus, "BUS " + QString::fromLatin1(b.toHex(' ').toUpper()) + u'\n');
                          });
+    SimFlut flut(simulator.bus());
+    if (o.flut)
+        flut.starten();
     QStringList liste;
     for (const auto& m : geraete.module())
         liste << QStringLiteral("%1:%2").arg(m->artikel()).arg(m->adresse());

@@ -5,7 +5,8 @@
 // (--tcp [ADDRESS:]PORT, loopback unless an address is given; port 0 takes
 // a free one; prints "TCP <port>"). Those lines go to stdout, flushed, in
 // that order, before anything else; with --monitor every bus message
-// follows as "BUS <hex>". Usage errors exit 2 with a German message.
+// follows as "BUS <hex>". --flood keeps the bus full for measurements
+// (platform/sim_flut.h). Usage errors exit 2 with a German message.
 
 #include <QStringList>
 

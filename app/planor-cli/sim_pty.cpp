@@ -69,7 +69,7 @@ void SimPty::schreiben(const QByteArray& bytes)
 {
     int wartend = 0;
     if (::ioctl(slave_, FIONREAD, &wartend) == 0 && wartend > StauGrenze)
-        ::tcflush(slave_, TCIFLUSH);
+        return;
     const char* p = bytes.constData();
     qsizetype rest = bytes.size();
     while (rest > 0) {

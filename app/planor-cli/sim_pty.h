@@ -8,8 +8,12 @@
 // without it the master reads EIO over and over once the program closes the
 // port (Part 2.1 closes and reopens it while talking to a command station).
 // So bytes written while no program listens pile up in the terminal; past
-// `StauGrenze` they are dropped, so that a program opening the port late
-// does not get a flood of old traffic.
+// `StauGrenze` further messages are dropped, as on a jammed line, so that a
+// program opening the port late gets no more old traffic than that, and a
+// program that reads too slowly loses whole messages. Bytes already in the
+// terminal are never taken back: flushing them races the reading program's
+// read, which QSerialPort then reports as a read error, as if the device
+// had been pulled.
 
 #include <QObject>
 #include <QString>
