@@ -2,6 +2,7 @@
 
 #include "core/element_katalog.h"
 #include "core/panel_model.h"
+#include "editor/adr_zeilen.h"
 #include "editor/zelltext.h"
 
 namespace planor {
@@ -105,9 +106,18 @@ int PultAdrModell::columnCount(const QModelIndex& parent) const
 QVariant PultAdrModell::data(const QModelIndex& index, int role) const
 {
     // Grid row r + 1 is row 3y-2 (picture), 3y-1 or 3y (text) of cell y.
-    if (!index.isValid() || index.row() % 3 != 0)
+    if (!index.isValid())
         return {};
     const int x = index.column() + 1, y = index.row() / 3 + 1;
+    if (index.row() % 3 != 0) {
+        // Part 3.4 set_PultAdr: accessory addresses in row 3y-1, the receiver's in row 3y.
+        if (role == Qt::DisplayRole)
+            return index.row() % 3 == 1 ? AdrZeileMagnetartikel(anlage_, katalog_, x, y)
+                                        : AdrZeileEmpfaenger(anlage_, katalog_, x, y);
+        if (role == Qt::TextAlignmentRole)
+            return int(Qt::AlignCenter);
+        return {};
+    }
     const ElementTab_Typ& e = katalog_.ElementTab(anlage_.XY(x, y).XY_Element);
     switch (role) {
     case BildRolle:
@@ -151,26 +161,25 @@ void PultAdrModell::zelleNeu(int x, int y)
         emit dataChanged(oben, unten);
 }
 
+void PultAdrModell::set_PultAdr(int x, int y)
+{
+    const QModelIndex oben = index(3 * y - 2, x - 1), unten = index(3 * y - 1, x - 1);
+    if (oben.isValid())
+        emit dataChanged(oben, unten, {Qt::DisplayRole});
+}
+
+void PultAdrModell::Show_LNCV_in_PultAdr()
+{
+    Beschrifte_Spalte_0();
+    if (rowCount() > 0 && columnCount() > 0)
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
 void PultAdrModell::Beschrifte_Spalte_0()
 {
     beschriftet_ = true;
     if (rowCount() > 0)
         emit headerDataChanged(Qt::Vertical, 0, rowCount() - 1);
-}
-
-QVariant MonModell::data(const QModelIndex& index, int role) const
-{
-    if (!index.isValid())
-        return {};
-    const ElementTab_Typ& e = katalog_.ElementTab(anlage_.XY(index.column() + 1, index.row() + 1).XY_Element);
-    switch (role) {
-    case BildRolle:
-        return e.BmpAusw;
-    case Qt::ToolTipRole:
-        return e.Name;
-    default:
-        return {};
-    }
 }
 
 }  // namespace planor

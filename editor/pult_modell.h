@@ -5,6 +5,7 @@
 
 #include <QAbstractTableModel>
 #include <QHash>
+#include <QString>
 
 namespace planor {
 
@@ -15,6 +16,17 @@ class PultEditor;
 enum ZellRolle {
     // The bitmap file name (in KonfPfad) of the cell's picture; empty for none.
     BildRolle = Qt::UserRole + 1,
+    // A ZellSchrift for a cell whose text has a font of its own (Part 3.6 set_mon).
+    SchriftRolle,
+};
+
+// A cell's font as the models set it (planor_core has no QFont): name,
+// size in points, bold.
+struct ZellSchrift {
+    QString name;
+    int punkte = 0;
+    bool fett = false;
+    bool operator==(const ZellSchrift&) const = default;
 };
 
 // Qt alignment for the flex-grid alignment codes of TextAusrichtung
@@ -49,7 +61,7 @@ private:
 };
 
 // The grid `PultAdr`: three rows a panel row, the picture in row 3y-2 and
-// two text rows (Part 3.4 fills them) below it.
+// two text rows below it (Part 3.4: accessory addresses, receiver address).
 class PultAdrModell : public QAbstractTableModel {
     Q_OBJECT
 
@@ -65,6 +77,10 @@ public:
     void zelleNeu(int x, int y);
     // Beschrifte_Spalte_0: the two address rows get their labels (view 2).
     void Beschrifte_Spalte_0();
+    // Part 3.4 set_PultAdr: the cell's two text rows are written again.
+    void set_PultAdr(int x, int y);
+    // Part 3.4 Show_LNCV_in_PultAdr: the labels, then every cell's text rows.
+    void Show_LNCV_in_PultAdr();
 
     static constexpr int BildZeilenHoehe = 54;
     static constexpr int TextZeilenHoehe = 13;
@@ -73,15 +89,6 @@ private:
     const Anlage& anlage_;
     const Elementkatalog& katalog_;
     bool beschriftet_ = false;
-};
-
-// The grid `Mon`: the monitor's small pictures (Part 3.6 set_mon).
-class MonModell : public PultModell {
-    Q_OBJECT
-
-public:
-    using PultModell::PultModell;
-    QVariant data(const QModelIndex& index, int role) const override;
 };
 
 }  // namespace planor

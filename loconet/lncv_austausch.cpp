@@ -139,6 +139,20 @@ void Prog_Lncv(LocoNetLink& link, Long artikel, Long lncv, Integer wert, Long& e
     });
 }
 
+void ProgOffEcho_abwarten(LocoNetLink& link)
+{
+    const Empfang& e = link.empfang();
+    link.uhr().warten(ProgOffEchoGrenze, [&] { return e.da(ZeilePeerXfer, OPC_PEER_XFER) && e.wert(ZeilePeerXfer, 2) == 0x08; });
+}
+
+void Prog_Off_mit_Echo(LocoNetLink& link, Long artikel, Long adresse, Long& err)
+{
+    link.empfang().zeileLoeschen(ZeilePeerXfer);
+    Prog_Off(link, artikel, adresse, err);
+    if (err == ProgOK)
+        ProgOffEcho_abwarten(link);
+}
+
 void Read_Mag(LocoNetLink& link, Long adresse, Integer& zustand, Long& err)
 {
     geschuetzt("LocoNet : Read_Mag", [&] {

@@ -43,6 +43,17 @@ inline constexpr Long AlleModule = 65535;
 void Prog_On(LocoNetLink& link, Long artikel, Long adresse, Long& err);
 // Ends the session; no answer is awaited, `err` is that of `send`.
 void Prog_Off(LocoNetLink& link, Long artikel, Long adresse, Long& err);
+// Prog_Off is an OPC_PEER_XFER (0xE5) like the modules' answers, and the bus
+// echoes it into row 1 about one message time later. Arriving during the
+// next Prog_On it would count as a wrong answer: that try is lost, and the
+// answer to it then lands in the following exchange — a shift that feeds
+// itself from exchange to exchange. Callers that open another session right
+// after a Prog_Off (or Get_Navik_Version) therefore await the echo, at most
+// ProgOffEchoGrenze (an interface without echo costs that once).
+inline constexpr double ProgOffEchoGrenze = 0.1;
+void ProgOffEcho_abwarten(LocoNetLink& link);
+// Row 1 cleared, Prog_Off, and on success its echo awaited.
+void Prog_Off_mit_Echo(LocoNetLink& link, Long artikel, Long adresse, Long& err);
 // Reads one LNCV; `wert` is the unsigned value 0..65535, set only on success.
 void Read_Lncv(LocoNetLink& link, Long artikel, Long lncv, Long& wert, Long& err);
 // Writes one LNCV; `wert` in its stored form (16-bit two's complement, as in

@@ -31,36 +31,13 @@ bool nebenzelle(const XY_Typ& zelle, int x, int y)
     return istUniversal(zelle.XY_ArtNr) && (zelle.XY_SenX != x || zelle.XY_SenY != y);
 }
 
-// Prog_Off is an OPC_PEER_XFER (0xE5) like the modules' answers, and the bus
-// echoes it into row 1 about one message time later. Arriving during the
-// next module's Prog_On it would count as a wrong answer: the try is lost at
-// once, the next try goes out, and the answer to the lost one then arrives
-// in the following exchange — a shift that, in a run without writes, feeds
-// itself from exchange to exchange. So the echo is awaited (0.1 s at most:
-// an interface without echo costs that once per module).
-constexpr double EchoGrenze = 0.1;
-
-void echoAbwarten(LocoNetLink& link)
-{
-    Empfang& e = link.empfang();
-    link.uhr().warten(EchoGrenze, [&] { return e.da(ZeilePeerXfer, 0xE5) && e.wert(ZeilePeerXfer, 2) == 0x08; });
-}
-
-void sitzungBeenden(LocoNetLink& link, Long artikel, Long adresse, Long& err)
-{
-    link.empfang().zeileLoeschen(ZeilePeerXfer);
-    Prog_Off(link, artikel, adresse, err);
-    if (err == 0)
-        echoAbwarten(link);
-}
-
 // spec-notes 2.5: a 5330 whose generation is still open asks the module first.
 void versionKlaeren(Programmierumgebung& u, int x, int y)
 {
     const XY_Typ& zelle = u.anlage.XY(x, y);
     if (zelle.XY_ArtNr == 5330 && zelle.XY_Version == 0) {
         Get_Navik_Version(u.link, u.benutzer, u.anlage, x, y);
-        echoAbwarten(u.link);
+        ProgOffEcho_abwarten(u.link);
     }
 }
 
@@ -209,7 +186,7 @@ FehlerAntwort fehlerFragen(
 {
     if (prog_off) {
         Long offErr = 0;
-        sitzungBeenden(u.link, artikel, adresse, offErr);
+        Prog_Off_mit_Echo(u.link, artikel, adresse, offErr);
     }
     u.anzeige.markierungAus();
     u.anzeige.InfoTxt_anzeigen(1, a.fehlerText);
@@ -376,7 +353,7 @@ void Prog_modul(Programmierumgebung& u, int x, int y, Long& err, bool& on_flag, 
                     return;
             }
         }
-        sitzungBeenden(u.link, artikel, adresse, err);
+        Prog_Off_mit_Echo(u.link, artikel, adresse, err);
         on_flag = false;
         if (err != 0)
             return;
@@ -423,12 +400,12 @@ void Read_modul(Programmierumgebung& u, int x, int y, Long& err, bool& on_flag, 
                 return;
             zelle.XY_LNCV(i) = Unsig_to_Int(wert);
         }
-        sitzungBeenden(u.link, artikel, adresse, err);
+        Prog_Off_mit_Echo(u.link, artikel, adresse, err);
         on_flag = false;
         if (err != 0)
             return;
         Get_Navik_Version(u.link, u.benutzer, u.anlage, x, y);
-        echoAbwarten(u.link);
+        ProgOffEcho_abwarten(u.link);
         // spec-notes 2.4: the mode comes from LNCV 2; the controllers keep 20.
         if (!istUniversal(zelle.XY_ArtNr)) {
             zelle.XY_BlkMeld = (zelle.XY_LNCV(2) >> 4) & 1;

@@ -5,6 +5,7 @@
 #include "core/panel_model.h"
 #include "core/programmordner.h"
 #include "core/settings_file.h"
+#include "editor/monitor_ansicht.h"
 #include "editor/pult_editor.h"
 #include "editor/ui/pult_bereich.h"
 #include "editor/ui/zellen_grid.h"
@@ -77,6 +78,9 @@ MainWin::MainWin(Anlage& anlage, Elementkatalog& katalog, Einstellungen& einstel
     pultVerbinden();
     dateiMenusVerbinden();
     programmierMenusVerbinden();
+    adressenVerbinden();
+    monitorVerbinden();
+    verbindung_->link().empfang().Get_Adr_from_LN = [this](int zeile) { Get_Adr_from_LN(zeile); };
 }
 
 MainWin::~MainWin() = default;

@@ -7,10 +7,14 @@
 //   main_win_pult.cpp    mouse, keys and edit menu on the plan (Part 3.2)
 //   main_win_datei.cpp   the file menus and the project's loading (Part 1.4)
 //   main_win_programmieren.cpp  the menus "Programmieren" and "Auslesen" (Part 2.4)
+//   main_win_adressen.cpp  the address view (Part 3.4)
+//   main_win_monitor.cpp   the live monitor view (Part 3.6)
+//   main_win_textmonitor.cpp  the text monitor frmMonitor (Part 2.6)
 
 #include "core/exit_frage.h"
 #include "core/project_file.h"
 #include "core/ui/meldungs_box.h"
+#include "editor/bus_meldung.h"
 #include "loconet/programmierung.h"
 
 #include <QElapsedTimer>
@@ -27,6 +31,8 @@ namespace planor {
 
 class Anlage;
 class Elementkatalog;
+class FrmMonitor;
+class MonitorAnsicht;
 class PultBereich;
 class PultEditor;
 class Schnittstelle;
@@ -103,6 +109,14 @@ public:
     PultEditor& editor() { return *editor_; }
     PultBereich& bereich() { return *bereich_; }
 
+    // Part 3.4 (main_win_adressen.cpp): the address view's texts.
+    void Show_LNCV_in_PultAdr();
+    // Part 3.6 (main_win_monitor.cpp): the live monitor view drawn and asked.
+    void Show_Monitor();
+    // Part 2.6 (main_win_textmonitor.cpp): the text monitor frmMonitor.
+    void Start_TextMonitor();
+    void Stop_TextMonitor();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -154,6 +168,37 @@ private:
     void Pult_KeyUp(int taste, Qt::KeyboardModifiers modifikatoren);
     void Elemente_Click(int index);
     void pultZeigerSetzen();
+
+    // Parts 3.4 / 3.6: a row of the reception table was filled. What it tells
+    // is read at once; the view's half runs after the framing step
+    // (spec-notes: re-entry), in the view that is shown then.
+    void Get_Adr_from_LN(int zeile);
+
+    // Part 3.4 (main_win_adressen.cpp).
+    void adressenVerbinden();
+    void adressenMeldung(const BusMeldung& m);
+    // The dialogs, questions and redraws of the address view (AdrAnzeige),
+    // with its mouse and bus flow PultAdrMaus; a child of the window.
+    class AdrFenster;
+    AdrFenster* adrFenster_ = nullptr;
+    // The model row of the last press on `PultAdr`: only the picture row counts.
+    int adrGedrueckteZeile_ = -1;
+
+    // Part 3.6 (main_win_monitor.cpp).
+    void monitorVerbinden();
+    void monitorMeldung(const BusMeldung& m);
+    // A button released over a cell of `Mon`: left switches, right opens
+    // TauschForm, middle or Shift+left opens MagArtStatus.
+    void Mon_MouseUp(Qt::MouseButton knopf, Qt::KeyboardModifiers modifikatoren, int x, int y);
+    void MagArtStatus_zeigen(int x, int y);
+    // MagZelle, MagStatus, NavikStatus and the procedures over them.
+    std::unique_ptr<MonitorAnsicht> monitor_;
+    // While the monitor reads the states or switches, a click waits its turn.
+    bool monitorBeschaeftigt_ = false;
+
+    // Part 2.6 (main_win_textmonitor.cpp): the text monitor's window, made
+    // at its first start (a child of this window).
+    FrmMonitor* frmMonitor_ = nullptr;
 
     Anlage& anlage_;
     Elementkatalog& katalog_;

@@ -33,6 +33,7 @@ void MainWin::ChangeEditMode()
             b.Pult->setVisible(!PultNeuSetzen);
             b.PultAdr->hide();
             b.Mon->hide();
+            Stop_TextMonitor();
             InfoTxt_anzeigen(1, AnsichtInfoText(Gleisplan));
             InfoTxt_anzeigen(2, QStringLiteral(" Auswahl: ") + katalog_.ElementTab(editor_->ElementAusw).Name);
             break;
@@ -49,7 +50,8 @@ void MainWin::ChangeEditMode()
             b.paletteZeigen(false);
             b.Mon->hide();
             b.PultAdr->setVisible(!PultNeuSetzen);
-            b.pultAdrModell().Beschrifte_Spalte_0();
+            Stop_TextMonitor();
+            Show_LNCV_in_PultAdr();
             InfoTxt_anzeigen(1, AnsichtInfoText(Adressen));
             break;
         }
@@ -64,6 +66,8 @@ void MainWin::ChangeEditMode()
             b.paletteZeigen(false);
             b.Mon->setVisible(!PultNeuSetzen);
             InfoTxt_anzeigen(1, AnsichtInfoText(Monitor));
+            Show_Monitor();
+            Start_TextMonitor();
             break;
         }
         case Tabelle:
@@ -72,6 +76,7 @@ void MainWin::ChangeEditMode()
             b.paletteZeigen(false);
             b.Mon->hide();
             b.PultAdr->hide();
+            Stop_TextMonitor();
             InfoTxt_anzeigen(1, AnsichtInfoText(Tabelle));
             break;
         default:
@@ -119,6 +124,22 @@ void MainWin::EditMode_Click(int index)
     EditMode = index;
     ChangeEditMode();
     ClipBoardFlags();
+}
+
+void MainWin::Get_Adr_from_LN(int zeile)
+{
+    const BusMeldung m = planor::Get_Adr_from_LN(verbindung_->link().empfang(), zeile);
+    if (m.art == BusMeldung::Keine)
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this, m] {
+            if (EditMode == Adressen)
+                adressenMeldung(m);
+            else if (EditMode == Monitor)
+                monitorMeldung(m);
+        },
+        Qt::QueuedConnection);
 }
 
 void MainWin::InfoTxt_anzeigen(int feld, const QString& text)

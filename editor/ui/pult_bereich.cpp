@@ -4,6 +4,7 @@
 #include "core/panel_model.h"
 #include "editor/palette_modell.h"
 #include "editor/pult_editor.h"
+#include "editor/mon_modell.h"
 #include "editor/pult_modell.h"
 #include "editor/ui/zellen_grid.h"
 

@@ -43,6 +43,7 @@ public:
 
     PultModell& pultModell() { return *pultModell_; }
     PultAdrModell& pultAdrModell() { return *pultAdrModell_; }
+    MonModell& monModell() { return *monModell_; }
 
     // The catalogue has been read: the palette is built.
     void paletteAufbauen();

@@ -22,9 +22,15 @@ void ZellenDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
         painter->fillRect(r, QColor(40, 110, 220, 70));
     const QString text = index.data(Qt::DisplayRole).toString();
     if (!text.isEmpty()) {
-        // "Arial" as SetzeText sets it.
+        // "Arial" as SetzeText sets it, or the cell's own font (Part 3.6 set_mon).
         QFont schrift(QStringLiteral("Arial"));
         schrift.setPixelSize(11);
+        if (const QVariant eigene = index.data(SchriftRolle); eigene.canConvert<ZellSchrift>()) {
+            const auto z = eigene.value<ZellSchrift>();
+            schrift.setFamily(z.name);
+            schrift.setPointSize(z.punkte);
+            schrift.setBold(z.fett);
+        }
         painter->setFont(schrift);
         painter->setPen(Qt::black);
         const auto ausrichtung = Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt());
@@ -94,10 +100,13 @@ void ZellenGrid::mouseReleaseEvent(QMouseEvent* event)
 {
     QTableView::mouseReleaseEvent(event);
     int x = 0, y = 0;
+    const bool inZelle = zelleBei(event->position().toPoint(), x, y);
     if (event->button() == Qt::LeftButton)
         emit linksLosgelassen();
-    else if (event->button() == Qt::RightButton && zelleBei(event->position().toPoint(), x, y))
+    else if (event->button() == Qt::RightButton && inZelle)
         emit rechtsLosgelassen(x, y);
+    if (inZelle)
+        emit losgelassen(x, y, event->button(), event->modifiers());
 }
 
 void ZellenGrid::keyReleaseEvent(QKeyEvent* event)

@@ -48,6 +48,8 @@ signals:
     void linksGedrueckt(int x, int y);
     void linksLosgelassen();
     void rechtsLosgelassen(int x, int y);
+    // Any button released over a data cell (Part 3.6 Mon_MouseUp).
+    void losgelassen(int x, int y, Qt::MouseButton knopf, Qt::KeyboardModifiers modifikatoren);
     void tasteLosgelassen(int taste, Qt::KeyboardModifiers modifikatoren);
 
 protected:

@@ -1,4 +1,5 @@
 // Part 3.1: what the grids show.
+#include "editor/mon_modell.h"
 #include "editor/pult_modell.h"
 
 #include "tests/editor/editor_umgebung.h"

@@ -15,7 +15,7 @@
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
 #include "platform/uhr.h"
-#include "tests/core/ui/gui_hilfen.h"
+#include "tests/core/ui/demo_programm.h"
 
 #include <QAction>
 #include <QDialog>
@@ -72,46 +72,16 @@ void knopf(QWidget* form, int i)
 
 }  // namespace
 
-class TstProgrammieren : public QObject {
+class TstProgrammieren : public QObject, private DemoProgramm {
     Q_OBJECT
-
-    struct Berichte final : FehlerAnzeige {
-        void zeigen(const QString&, const QString& text) override { texte << text; }
-        QStringList texte;
-    };
 
 private slots:
     void initTestCase()
     {
-        QVERIFY(ordner.isValid());
-        FehlerbehandlungEinrichten({ordner.filePath(QStringLiteral("Fehler.log")), &uhr, &berichte});
-        // The demo project in a folder of its own, and a later start with
-        // "Simulation (ohne Hardware)".
-        const QDir demo(QStringLiteral(PLANOR_TESTDATA "/../../data/demo"));
-        QDir(ordner.path()).mkdir(QStringLiteral("demo"));
-        for (const QString& datei : demo.entryList(QDir::Files))
-            QVERIFY(QFile::copy(demo.filePath(datei), ordner.filePath(QStringLiteral("demo/") + datei)));
-        schreiben(ordner.filePath(QStringLiteral("Planor.CFG")), "ComPort: 1\r\nVerbindungsart: 2\r\n");
-
         // The link and the simulated modules run in virtual time: a full run
         // of several hundred LNCV exchanges, and the time-outs of a silent
         // module, take no wall-clock time.
-        programm = std::make_unique<Programm>(ordner.path());
-        programm->uhr = &testUhr;
-        simulator = std::make_unique<Simulator>(testUhr);
-        programm->simulator = [this] {
-            if (!bestueckt) {
-                for (const SimModulAngabe& m : SimModuleAusAnlage(programm->anlage))
-                    simulator->modulHinzufuegen(m);
-                bestueckt = true;
-            }
-            return std::unique_ptr<Transport>(simulator->transport());
-        };
-        startDruecken();
-        win = &programm->starten();
-        QVERIFY(QTest::qWaitForWindowExposed(win));
-        PfadUndFileSetzen(programm->anlage, ordner.filePath(QStringLiteral("demo/Demo.anl")));
-        win->anlageLaden();
+        QVERIFY(starten(true));
         programm->anlage.PultOpt.PultOptGPLocked = true;
         win->GleisPlan_Lock_Unlock();
         QVERIFY(aktion("ProgHauptMenu")->isEnabled());
@@ -132,17 +102,7 @@ private slots:
 
     void init()
     {
-        // Nothing may wait for ever: a stuck wait is answered with its way out.
-        notbremse = false;
-        auto* sicherung = new QTimer(&wartende());
-        sicherung->setSingleShot(true);
-        connect(sicherung, &QTimer::timeout, [this] {
-            notbremse = true;
-            for (QWidget* w : QApplication::topLevelWidgets())
-                if (auto* d = qobject_cast<QDialog*>(w); d && d->isVisible())
-                    d->reject();
-        });
-        sicherung->start(60000);
+        notbremseSpannen(60000);
     }
 
     void cleanup()
@@ -393,16 +353,7 @@ private:
         QVERIFY(aktion("OptionHauptMenu")->isEnabled());
     }
 
-    QTemporaryDir ordner;
-    SystemUhr uhr;
-    TestUhr testUhr{QDateTime(QDate(2026, 1, 1), QTime(12, 0))};
-    Berichte berichte;
-    std::unique_ptr<Simulator> simulator;
-    bool bestueckt = false;
-    std::unique_ptr<Programm> programm;
-    MainWin* win = nullptr;
     int modulX = 0, modulY = 0;
-    bool notbremse = false;
 };
 
 QTEST_MAIN(TstProgrammieren)

@@ -1,0 +1,581 @@
+// Part 3.6: the live monitor view — set_mon, set_mon_mag with every row of
+// its picture table, Show_Monitor with and without the port, Mon_MouseUp's
+// switching by family, and the view-4 half of Get_Adr_from_LN — over the
+// installation's catalogue and the built-in simulator in virtual time.
+#include "editor/monitor_ansicht.h"
+
+#include "core/element_katalog.h"
+#include "core/panel_model.h"
+#include "editor/bus_meldung.h"
+#include "editor/mon_modell.h"
+#include "loconet/link.h"
+#include "loconet/lncv_austausch.h"
+#include "platform/sim_transport.h"
+#include "platform/simulator.h"
+#include "tests/core/test_umgebung.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace planor;
+using namespace planor::test;
+
+namespace {
+
+class Part3_6_Monitor : public MitFehlerbericht {
+protected:
+    void SetUp() override
+    {
+        MitFehlerbericht::SetUp();
+        Elemente_laden(QStringLiteral(PLANOR_TESTDATA "/../../data/KT_Conf/Elemente.cfg"), katalog, anlage);
+        anlage.neues_pult_setzen();
+        link.setzeTransport(sim.transport());
+        QString fehler;
+        ASSERT_TRUE(link.transport()->oeffnen(fehler));
+        sim.bus().anschliessen([this](const QByteArray& b) { aufDemBus.push_back(b); });
+        // The view-4 half of Get_Adr_from_LN, as the main window runs it.
+        link.empfang().Get_Adr_from_LN = [this](int zeile) {
+            monitor->meldung(Get_Adr_from_LN(link.empfang(), zeile));
+        };
+    }
+    void TearDown() override { EXPECT_TRUE(berichte.texte.isEmpty()) << berichte.texte.join(u'\n').toStdString(); }
+
+    // An element of type `typ` at (x, y) with its addresses.
+    void setzen(int x, int y, int typ, Integer a1 = 0, Integer a2 = 0, Integer a3 = 0)
+    {
+        XY_Typ& z = anlage.XY(x, y);
+        z.XY_Element = katalog.indexVonTyp(typ);
+        ASSERT_GT(z.XY_Element, 0) << typ;
+        z.XY_ADR1 = a1;
+        z.XY_ADR2 = a2;
+        z.XY_ADR3 = a3;
+    }
+    void empfaenger(int x, int y, Integer adresse, Long artNr = 47220)
+    {
+        setzen(x, y, 800);
+        anlage.XY(x, y).XY_ArtNr = artNr;
+        anlage.XY(x, y).XY_LNCV(0) = adresse;
+    }
+    QString bild(int x, int y) const { return mon.index(y - 1, x - 1).data(BildRolle).toString(); }
+    QString text(int x, int y) const { return mon.index(y - 1, x - 1).data(Qt::DisplayRole).toString(); }
+    QString bmp(int x, int y) const { return katalog.ElementTab(anlage.XY(x, y).XY_Element).Bmp; }
+    QString monBild(int x, int y) const { return katalog.ElementTab(anlage.XY(x, y).XY_Element).BmpAusw; }
+    // The addresses of the messages with this opcode seen on the bus, in order:
+    // 0xBC as b1 + (b2 AND 15) × 128 + 1, 0xE4 queries (b2 = 1) as (b3 AND 31) × 128 + b4.
+    std::vector<int> gefragt(quint8 opcode) const
+    {
+        std::vector<int> a;
+        for (const QByteArray& b : aufDemBus) {
+            const auto at = [&](int i) { return int(quint8(b.at(i))); };
+            if (at(0) == 0xBC && opcode == 0xBC)
+                a.push_back(at(1) + (at(2) & 15) * 128 + 1);
+            else if (at(0) == 0xE4 && opcode == 0xE4 && b.size() > 4 && at(2) == 1)
+                a.push_back((at(3) & 31) * 128 + at(4));
+        }
+        return a;
+    }
+    // Lets the bus and the modules answer.
+    void warten(qint64 ms = 200) { uhr.weiter(ms); }
+
+    Anlage anlage;
+    Elementkatalog katalog;
+    std::vector<QByteArray> aufDemBus;
+    Simulator sim{uhr};
+    LocoNetLink link{uhr};
+    MonModell mon{anlage, katalog};
+    std::unique_ptr<MonitorAnsicht> monitor = std::make_unique<MonitorAnsicht>(anlage, katalog, mon);
+};
+
+}  // namespace
+
+// --- set_mon -------------------------------------------------------------
+
+TEST_F(Part3_6_Monitor, SetMonDrawsTheMonitorPictureWithoutText)
+{
+    setzen(2, 3, 101, 5);
+    monitor->set_mon(2, 3);
+    EXPECT_EQ(bild(2, 3), QStringLiteral("w101_w_no_mon.bmp"));
+    EXPECT_FALSE(mon.index(2, 1).data(Qt::DisplayRole).isValid());
+    EXPECT_FALSE(mon.index(2, 1).data(SchriftRolle).isValid());
+    EXPECT_EQ(monitor->MagZelle(5).x, 2);
+    EXPECT_EQ(monitor->MagZelle(5).y, 3);
+}
+
+TEST_F(Part3_6_Monitor, SetMonWritesEveryAddressOfTheCell)
+{
+    setzen(4, 4, 531, 20, 21, 22);
+    monitor->set_mon(4, 4);
+    for (const Long a : {20, 21, 22}) {
+        EXPECT_EQ(monitor->MagZelle(a).x, 4) << a;
+        EXPECT_EQ(monitor->MagZelle(a).y, 4) << a;
+    }
+    EXPECT_EQ(monitor->MagZelle(23).x, 0);
+}
+
+TEST_F(Part3_6_Monitor, ReceiversOfTheFiveArticlesShowADashInArial8BoldCentred)
+{
+    int x = 1;
+    for (const Long art : {47120, 47220, 47230, 47240, 5330}) {
+        empfaenger(x, 2, Integer(x));
+        monitor->set_mon(x, 2);
+        EXPECT_EQ(text(x, 2), QStringLiteral("-")) << art;
+        const auto schrift = mon.index(1, x - 1).data(SchriftRolle).value<ZellSchrift>();
+        EXPECT_EQ(schrift, (ZellSchrift{QStringLiteral("Arial"), 8, true})) << art;
+        EXPECT_EQ(Qt::Alignment(mon.index(1, x - 1).data(Qt::TextAlignmentRole).toInt()), Qt::AlignCenter) << art;
+        EXPECT_EQ(monitor->NavikStatus(x).zelle.x, x);
+        ++x;
+    }
+    // Another article, a controller, shows no dash and is no monitored receiver.
+    empfaenger(7, 2, 100, 47320);
+    monitor->set_mon(7, 2);
+    EXPECT_EQ(text(7, 2), QString());
+    EXPECT_EQ(monitor->NavikStatus(100).zelle.x, 0);
+}
+
+TEST_F(Part3_6_Monitor, ShowMonitorClearsEmptyCellsToTheEmptyPicture)
+{
+    mon.setzeZelle(3, 3, {QStringLiteral("w101_g.bmp"), QStringLiteral("17"), {}, 4});
+    monitor->Show_Monitor(nullptr);
+    EXPECT_EQ(bild(3, 3), katalog.ElementTab(katalog.LeerIndex).Bmp);
+    EXPECT_EQ(text(3, 3), QString());
+}
+
+// --- Edge cases of Part 3.6 ------------------------------------------------
+
+TEST_F(Part3_6_Monitor, WithoutAnOpenPortTheMonitorShowsThePlanWithNoState)
+{
+    setzen(2, 2, 101, 1);
+    setzen(3, 2, 201, 2, 3);
+    empfaenger(4, 2, 1);
+    sim.geraete().setzeWeiche(1, 1);
+    sim.geraete().zugMelden(1, 345);
+    warten();
+    const int vorher = sim.geraete().empfangeneNachrichten();
+    monitor->Show_Monitor(nullptr);
+    warten();
+    EXPECT_EQ(sim.geraete().empfangeneNachrichten(), vorher) << "nothing asked";
+    EXPECT_EQ(bild(2, 2), monBild(2, 2));
+    EXPECT_EQ(bild(3, 2), monBild(3, 2));
+    EXPECT_EQ(text(4, 2), QStringLiteral("-"));
+    EXPECT_EQ(monitor->MagStatus(1), 0);
+}
+
+TEST_F(Part3_6_Monitor, AnAddressOfTwoCellsUpdatesOnlyTheCellVisitedLast)
+{
+    // Show_Monitor goes column by column: (4, 1) comes after (2, 3).
+    setzen(2, 3, 101, 5);
+    setzen(4, 1, 102, 5);
+    sim.geraete().setzeWeiche(5, 1);
+    monitor->Show_Monitor(&link);
+    EXPECT_EQ(bild(4, 1), QStringLiteral("w102_g.bmp"));
+    EXPECT_EQ(bild(2, 3), monBild(2, 3)) << "the first cell keeps the plan's picture";
+    EXPECT_EQ(monitor->MagZelle(5).x, 4);
+    monitor->set_mon_mag(5, 0);
+    EXPECT_EQ(bild(4, 1), bmp(4, 1));
+    EXPECT_EQ(bild(2, 3), monBild(2, 3));
+}
+
+// --- Show_Monitor step 2 -----------------------------------------------------
+
+TEST_F(Part3_6_Monitor, ShowMonitorReadsTheStatesOfTheAddressesInUse)
+{
+    setzen(2, 2, 101, 1);
+    setzen(3, 2, 101, 2);
+    setzen(4, 2, 201, 3, 4);
+    sim.geraete().setzeWeiche(1, 0);
+    sim.geraete().setzeWeiche(2, 1);
+    sim.geraete().setzeWeiche(3, 1);
+    sim.geraete().setzeWeiche(4, 0);
+    monitor->MagStatus(9) = 1;
+    monitor->Show_Monitor(&link);
+    EXPECT_EQ(gefragt(0xBC), (std::vector<int>{1, 2, 3, 4}));
+    EXPECT_EQ(bild(2, 2), bmp(2, 2));
+    EXPECT_EQ(bild(3, 2), QStringLiteral("w101_g.bmp"));
+    EXPECT_EQ(bild(4, 2), QStringLiteral("dkw201_gr.bmp"));
+    EXPECT_EQ(monitor->MagStatus(1), 0);
+    EXPECT_EQ(monitor->MagStatus(2), 1);
+    EXPECT_EQ(monitor->MagStatus(3), 1);
+    EXPECT_EQ(monitor->MagStatus(4), 0);
+    EXPECT_EQ(monitor->MagStatus(9), 1) << "an address not in use is not asked";
+}
+
+TEST_F(Part3_6_Monitor, AnAccessoryThatDoesNotAnswerKeepsThePlansPicture)
+{
+    setzen(2, 2, 101, 1);
+    sim.bus().stoerung.einstellungen.nurGeraete = true;
+    sim.bus().stoerung.einstellungen.naechsteVerwerfen = 1000;
+    const double t0 = uhr.sekunden();
+    monitor->Show_Monitor(&link);
+    EXPECT_GE(uhr.sekunden() - t0, Lncv_Versuche * Lncv_Wartezeit - 1e-9) << "all tries of Read_Mag";
+    EXPECT_EQ(bild(2, 2), monBild(2, 2));
+}
+
+TEST_F(Part3_6_Monitor, ShowMonitorAsksTheReceiversAndShowsTheirLastTrain)
+{
+    empfaenger(2, 5, 3);
+    empfaenger(6, 5, 4);
+    sim.geraete().zugMelden(3, 1234);
+    warten();
+    EXPECT_EQ(text(2, 5), QString()) << "not yet shown";
+    const double t0 = uhr.sekunden();
+    monitor->Show_Monitor(&link);
+    EXPECT_GE(uhr.sekunden() - t0, 2 * 0.02 - 1e-9) << "0.02 s after each Ask_Navik";
+    EXPECT_EQ(gefragt(0xE4), (std::vector<int>{3, 4}));
+    EXPECT_EQ(gefragt(0xBC), std::vector<int>());
+    warten();
+    EXPECT_EQ(text(2, 5), QStringLiteral("1234"));
+    EXPECT_EQ(text(6, 5), QStringLiteral("-")) << "a receiver without a report stays silent";
+    EXPECT_EQ(monitor->NavikStatus(3).lok, 1234);
+}
+
+// --- set_mon_mag --------------------------------------------------------
+
+TEST_F(Part3_6_Monitor, SetMonMagWithoutACellDoesNothing)
+{
+    monitor->set_mon_mag(7, 1);
+    EXPECT_EQ(monitor->MagStatus(7), 0) << "not even stored";
+}
+
+TEST_F(Part3_6_Monitor, AddressesOutsideTheTablesRaiseError9)
+{
+    monitor->set_mon_mag(0, 1);
+    monitor->set_mon_mag(2049, 1);
+    ASSERT_EQ(berichte.texte.size(), 2);
+    for (const QString& t : berichte.texte)
+        EXPECT_TRUE(t.contains(QStringLiteral("Index außerhalb des gültigen Bereichs"))) << t.toStdString();
+    berichte.texte.clear();
+}
+
+TEST_F(Part3_6_Monitor, TrainReportOfReceiver0FromTheBusIsIgnoredWithoutAnErrorBox)
+{
+    // Bus data is outside input: a module not yet given an address reports as receiver 0.
+    BusMeldung m;
+    m.art = BusMeldung::Empfaenger;
+    m.adresse = 0;
+    m.lok = 7;
+    monitor->meldung(m);
+    EXPECT_EQ(berichte.texte, QStringList());
+}
+
+namespace {
+
+struct Zeile {
+    int typ;
+    Integer a1, a2, a3;
+    Integer tausch1, tausch2, adrTausch;
+    Long s1, s2, s3;          // stored states of the addresses (after the report)
+    Integer zustand;          // the reported state
+    const char* erwartet;     // "" for the element's own Bmp, "-" for no new picture
+};
+
+}  // namespace
+
+TEST_F(Part3_6_Monitor, EveryRowOfThePictureTable)
+{
+    const Zeile zeilen[] = {
+        // 101..199, 501, 502, 541, 542, 551, 552: s = state XOR XY_STATTAUSCH1.
+        {101, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, ""},
+        {101, 1, 0, 0, 0, 0, 0, 1, 0, 0, 1, "w101_g.bmp"},
+        {101, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1, ""},
+        {101, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0, "w101_g.bmp"},
+        {110, 1, 0, 0, 0, 0, 0, 1, 0, 0, 1, "w110_g.bmp"},
+        {501, 1, 0, 0, 0, 0, 0, 1, 0, 0, 1, "s501_g.bmp"},
+        {502, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, ""},
+        {541, 1, 0, 0, 0, 0, 0, 1, 0, 0, 1, "s541_g.bmp"},
+        {542, 1, 0, 0, 0, 0, 0, 1, 0, 0, 1, "s542_g.bmp"},
+        {551, 1, 0, 0, 0, 0, 0, 1, 0, 0, 1, "s551_g.bmp"},
+        {552, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, ""},
+        // 201..299 with XY_ADR2 = 0: rr / rg by s.
+        {201, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, "dkw201_rr.bmp"},
+        {202, 1, 0, 0, 0, 0, 0, 1, 0, 0, 1, "dkw202_rg.bmp"},
+        {203, 1, 0, 0, 1, 0, 0, 1, 0, 0, 1, "ekw203_rr.bmp"},
+        // 201..299 with XY_ADR2: a from S1, b from S2, each with its own swap marker.
+        {201, 1, 2, 0, 0, 0, 0, 0, 0, 0, 0, "dkw201_rr.bmp"},
+        {201, 1, 2, 0, 0, 0, 0, 1, 0, 0, 1, "dkw201_gr.bmp"},
+        {201, 1, 2, 0, 0, 0, 0, 0, 1, 0, 1, "dkw201_rg.bmp"},
+        {201, 1, 2, 0, 0, 0, 0, 1, 1, 0, 1, "dkw201_gg.bmp"},
+        {201, 1, 2, 0, 1, 0, 0, 1, 0, 0, 1, "dkw201_rr.bmp"},
+        {201, 1, 2, 0, 0, 1, 0, 1, 0, 0, 1, "dkw201_gg.bmp"},
+        {201, 1, 2, 0, 0, 0, 1, 1, 0, 0, 1, "dkw201_rg.bmp"},
+        {202, 1, 2, 0, 0, 0, 1, 0, 1, 0, 1, "dkw202_gr.bmp"},
+        // 301..399: a and b as above; XY_ADRTAUSCH changes nothing here, and is to stay so.
+        {301, 1, 2, 0, 0, 0, 0, 0, 0, 0, 0, "dw301_rr.bmp"},
+        {301, 1, 2, 0, 0, 0, 0, 1, 0, 0, 1, "dw301_gr.bmp"},
+        {301, 1, 2, 0, 0, 0, 0, 0, 1, 0, 1, "dw301_rg.bmp"},
+        {302, 1, 2, 0, 0, 0, 0, 1, 1, 0, 1, "dw302_gg.bmp"},
+        {301, 1, 2, 0, 0, 0, 1, 1, 0, 0, 1, "dw301_gr.bmp"},
+        {301, 1, 2, 0, 0, 0, 1, 0, 1, 0, 1, "dw301_rg.bmp"},
+        {301, 1, 2, 0, 1, 1, 1, 1, 0, 0, 1, "dw301_rg.bmp"},
+        // 511, 512 by (S1, S2).
+        {511, 1, 2, 0, 0, 0, 0, 0, 0, 0, 0, ""},
+        {511, 1, 2, 0, 0, 0, 0, 1, 0, 0, 1, "s511_gr.bmp"},
+        {511, 1, 2, 0, 0, 0, 0, 0, 1, 0, 1, "s511_rr.bmp"},
+        {512, 1, 2, 0, 0, 0, 0, 1, 1, 0, 1, "s512_gg.bmp"},
+        // 521, 522 by (S1, S3).
+        {521, 1, 0, 3, 0, 0, 0, 0, 0, 0, 0, ""},
+        {521, 1, 0, 3, 0, 0, 0, 1, 0, 0, 1, "s521_gr.bmp"},
+        {521, 1, 0, 3, 0, 0, 0, 0, 0, 1, 1, "s521_rg.bmp"},
+        {522, 1, 0, 3, 0, 0, 0, 1, 0, 1, 1, "s522_gr.bmp"},
+        // 531, 532 by (S1, S2, S3).
+        {531, 1, 2, 3, 0, 0, 0, 0, 0, 0, 0, ""},
+        {531, 1, 2, 3, 0, 0, 0, 0, 1, 0, 1, ""},
+        {531, 1, 2, 3, 0, 0, 0, 0, 0, 1, 1, "s531_rrg.bmp"},
+        {531, 1, 2, 3, 0, 0, 0, 0, 1, 1, 1, "s531_rrg.bmp"},
+        {531, 1, 2, 3, 0, 0, 0, 1, 0, 0, 1, "s531_grr.bmp"},
+        {532, 1, 2, 3, 0, 0, 0, 1, 0, 1, 1, "s532_grr.bmp"},
+        {531, 1, 2, 3, 0, 0, 0, 1, 1, 0, 1, "s531_ggr.bmp"},
+        {532, 1, 2, 3, 0, 0, 0, 1, 1, 1, 1, "s532_ggr.bmp"},
+        // Other types: no new picture.
+        {9, 1, 0, 0, 0, 0, 0, 1, 0, 0, 1, "-"},
+        {800, 1, 0, 0, 0, 0, 0, 1, 0, 0, 1, "-"},
+    };
+    for (const Zeile& z : zeilen) {
+        SCOPED_TRACE(testing::Message() << z.typ << " S=" << z.s1 << z.s2 << z.s3 << " tausch=" << z.tausch1
+                                        << z.tausch2 << z.adrTausch << " -> " << z.erwartet);
+        anlage.neues_pult_setzen();
+        monitor = std::make_unique<MonitorAnsicht>(anlage, katalog, mon);
+        setzen(5, 6, z.typ, z.a1, z.a2, z.a3);
+        XY_Typ& c = anlage.XY(5, 6);
+        c.XY_STATTAUSCH1 = z.tausch1;
+        c.XY_STATTAUSCH2 = z.tausch2;
+        c.XY_ADRTAUSCH = z.adrTausch;
+        monitor->Show_Monitor(nullptr);
+        // set_mon writes MagZelle only for accessories; other types take the cell by hand.
+        monitor->MagZelle(1) = {5, 6};
+        monitor->MagStatus(2) = z.s2;
+        monitor->MagStatus(3) = z.s3;
+        monitor->set_mon_mag(1, Integer(z.s1));
+        ASSERT_EQ(monitor->MagStatus(1), z.s1);
+        const QString erwartet = QString::fromLatin1(z.erwartet);
+        if (erwartet == u'-')
+            EXPECT_EQ(bild(5, 6), monBild(5, 6));
+        else
+            EXPECT_EQ(bild(5, 6), erwartet.isEmpty() ? bmp(5, 6) : erwartet);
+        if (!erwartet.isEmpty() && erwartet != u'-') {
+            EXPECT_TRUE(QFile::exists(QStringLiteral(PLANOR_TESTDATA "/../../data/KT_Conf/") + erwartet));
+        }
+    }
+}
+
+TEST_F(Part3_6_Monitor, TheReportedStateDrivesOneAddressElementsAndTheStoredOnesTheOthers)
+{
+    // 511 by stored states: a report for the distant signal draws with S1 as stored.
+    setzen(2, 2, 511, 1, 2);
+    monitor->Show_Monitor(nullptr);
+    monitor->set_mon_mag(1, 1);
+    EXPECT_EQ(bild(2, 2), QStringLiteral("s511_gr.bmp"));
+    monitor->set_mon_mag(2, 1);
+    EXPECT_EQ(bild(2, 2), QStringLiteral("s511_gg.bmp"));
+    monitor->set_mon_mag(1, 0);
+    EXPECT_EQ(bild(2, 2), QStringLiteral("s511_rr.bmp"));
+}
+
+TEST_F(Part3_6_Monitor, TheStatePictureKeepsTheReceiverText)
+{
+    setzen(2, 2, 101, 1);
+    monitor->Show_Monitor(nullptr);
+    mon.setzeZelle(2, 2, {monBild(2, 2), QStringLiteral("x"), {}, 4});
+    monitor->set_mon_mag(1, 1);
+    EXPECT_EQ(bild(2, 2), QStringLiteral("w101_g.bmp"));
+    EXPECT_EQ(text(2, 2), QStringLiteral("x"));
+}
+
+// --- Mon_MouseUp ------------------------------------------------------------
+
+TEST_F(Part3_6_Monitor, ALeftClickInvertsATurnoutWithOneAddress)
+{
+    setzen(2, 2, 101, 6);
+    sim.geraete().setzeWeiche(6, 0);
+    monitor->Show_Monitor(&link);
+    monitor->Mon_MouseUp_Links(link, 2, 2);
+    warten();
+    EXPECT_EQ(sim.geraete().weiche(6), 1);
+    EXPECT_EQ(bild(2, 2), QStringLiteral("w101_g.bmp"));
+    monitor->Mon_MouseUp_Links(link, 2, 2);
+    warten();
+    EXPECT_EQ(sim.geraete().weiche(6), 0);
+    EXPECT_EQ(bild(2, 2), bmp(2, 2));
+}
+
+TEST_F(Part3_6_Monitor, AMainSignalSwitchesAsATurnout)
+{
+    setzen(2, 2, 502, 20);
+    sim.geraete().setzeWeiche(20, 1);
+    monitor->Show_Monitor(&link);
+    monitor->Mon_MouseUp_Links(link, 2, 2);
+    warten();
+    EXPECT_EQ(sim.geraete().weiche(20), 0);
+    EXPECT_EQ(bild(2, 2), bmp(2, 2));
+}
+
+TEST_F(Part3_6_Monitor, ALeftClickOnATwoAddressTurnoutInvertsEachAddress)
+{
+    setzen(2, 2, 201, 3, 4);
+    sim.geraete().setzeWeiche(3, 0);
+    sim.geraete().setzeWeiche(4, 1);
+    monitor->Show_Monitor(&link);
+    EXPECT_EQ(bild(2, 2), QStringLiteral("dkw201_rg.bmp"));
+    monitor->Mon_MouseUp_Links(link, 2, 2);
+    warten();
+    EXPECT_EQ(sim.geraete().weiche(3), 1);
+    EXPECT_EQ(sim.geraete().weiche(4), 0);
+    EXPECT_EQ(bild(2, 2), QStringLiteral("dkw201_gr.bmp"));
+}
+
+TEST_F(Part3_6_Monitor, AThreeWayTurnoutCyclesItsAspectsSkippingZero)
+{
+    setzen(2, 2, 301, 7, 8);
+    sim.geraete().setzeWeiche(7, 0);
+    sim.geraete().setzeWeiche(8, 0);
+    monitor->Show_Monitor(&link);
+    // s = 2 × S2 + S1: 0 -> 1 -> 2 -> 3 -> 1 -> 2.
+    const int folge[] = {1, 2, 3, 1, 2};
+    for (const int s : folge) {
+        monitor->Mon_MouseUp_Links(link, 2, 2);
+        warten();
+        EXPECT_EQ(sim.geraete().weiche(7), s & 1) << s;
+        EXPECT_EQ(sim.geraete().weiche(8), s >> 1) << s;
+        EXPECT_EQ(bild(2, 2), QStringLiteral("dw301_%1%2.bmp").arg(s & 1 ? 'g' : 'r').arg(s >> 1 ? 'g' : 'r'));
+    }
+}
+
+TEST_F(Part3_6_Monitor, SignalsWithSeveralAddressesInvertEachAddress)
+{
+    setzen(2, 2, 531, 20, 21, 22);
+    sim.geraete().setzeWeiche(20, 1);
+    sim.geraete().setzeWeiche(21, 0);
+    sim.geraete().setzeWeiche(22, 1);
+    monitor->Show_Monitor(&link);
+    monitor->Mon_MouseUp_Links(link, 2, 2);
+    warten();
+    EXPECT_EQ(sim.geraete().weiche(20), 0);
+    EXPECT_EQ(sim.geraete().weiche(21), 1);
+    EXPECT_EQ(sim.geraete().weiche(22), 0);
+    EXPECT_EQ(bild(2, 2), bmp(2, 2)) << "(0, 1, 0)";
+    setzen(3, 2, 521, 23, 0, 24);
+    monitor->Show_Monitor(&link);
+    monitor->Mon_MouseUp_Links(link, 3, 2);
+    warten();
+    EXPECT_EQ(sim.geraete().weiche(23), 0) << "never switched reads green, so red now";
+    EXPECT_EQ(sim.geraete().weiche(24), 0);
+}
+
+TEST_F(Part3_6_Monitor, OnlyAccessoriesWithAnAddressAreSwitched)
+{
+    setzen(2, 2, 101);      // no address
+    setzen(3, 2, 9, 5);     // a track piece with a stray address
+    setzen(4, 2, 800, 6);
+    monitor->Show_Monitor(&link);
+    EXPECT_FALSE(monitor->schaltbar(2, 2));
+    EXPECT_FALSE(monitor->schaltbar(3, 2));
+    EXPECT_FALSE(monitor->schaltbar(4, 2));
+    const int vorher = sim.geraete().empfangeneNachrichten();
+    for (int x = 2; x <= 4; ++x)
+        monitor->Mon_MouseUp_Links(link, x, 2);
+    warten();
+    EXPECT_EQ(sim.geraete().empfangeneNachrichten(), vorher);
+    setzen(5, 2, 501, 9);
+    EXPECT_TRUE(monitor->schaltbar(5, 2));
+}
+
+TEST_F(Part3_6_Monitor, AFailedSendLeavesTheStateAndPicture)
+{
+    setzen(2, 2, 101, 6);
+    monitor->Show_Monitor(nullptr);
+    link.schliessen();
+    monitor->Mon_MouseUp_Links(link, 2, 2);
+    EXPECT_EQ(monitor->MagStatus(6), 0);
+    EXPECT_EQ(bild(2, 2), monBild(2, 2));
+}
+
+TEST_F(Part3_6_Monitor, NeuZeichnenAfterTauschFormShowsTheSwappedMarkers)
+{
+    setzen(2, 2, 101, 6);
+    monitor->Show_Monitor(nullptr);
+    monitor->set_mon_mag(6, 1);
+    EXPECT_EQ(bild(2, 2), QStringLiteral("w101_g.bmp"));
+    anlage.XY(2, 2).XY_STATTAUSCH1 = 1;
+    monitor->neuZeichnen(2, 2);
+    EXPECT_EQ(bild(2, 2), bmp(2, 2));
+    EXPECT_EQ(monitor->MagStatus(6), 1);
+}
+
+// --- Get_Adr_from_LN, view 4 ---------------------------------------------------
+
+TEST_F(Part3_6_Monitor, ASwitchCommandOnTheBusShowsItsState)
+{
+    setzen(2, 2, 101, 12);
+    monitor->Show_Monitor(nullptr);
+    // Another party on the bus, a throttle or the command station, switches 12.
+    LocoNetLink andere{uhr};
+    andere.setzeTransport(sim.transport());
+    QString fehler;
+    ASSERT_TRUE(andere.transport()->oeffnen(fehler));
+    Long err = -1;
+    SendMag(andere, 12, 1, err);
+    ASSERT_EQ(err, ProgOK);
+    warten();
+    EXPECT_EQ(bild(2, 2), QStringLiteral("w101_g.bmp"));
+    EXPECT_EQ(monitor->MagStatus(12), 1);
+}
+
+TEST_F(Part3_6_Monitor, ATrainReportShowsTheLocomotiveOnTheReceiversCell)
+{
+    empfaenger(3, 4, 2);
+    empfaenger(5, 4, 4);
+    monitor->Show_Monitor(nullptr);
+    sim.geraete().zugMelden(4, 815);
+    warten();
+    EXPECT_EQ(text(5, 4), QStringLiteral("815"));
+    EXPECT_EQ(text(3, 4), QStringLiteral("-"));
+    EXPECT_EQ(monitor->NavikStatus(4).lok, 815);
+    // A receiver not in the plan: nothing happens.
+    sim.geraete().zugMelden(9, 11);
+    warten();
+    EXPECT_EQ(monitor->NavikStatus(9).lok, 0);
+}
+
+TEST_F(Part3_6_Monitor, AReportThatIsNoTrainReportIsNotShown)
+{
+    empfaenger(3, 4, 2);
+    monitor->Show_Monitor(nullptr);
+    BusMeldung m;
+    m.art = BusMeldung::Empfaenger;
+    m.adresse = 2;
+    m.status = 0x20;  // a query, speed or block state
+    m.lok = 77;
+    monitor->meldung(m);
+    EXPECT_EQ(text(3, 4), QStringLiteral("-"));
+    m.status = 0x40;
+    monitor->meldung(m);
+    EXPECT_EQ(text(3, 4), QStringLiteral("77"));
+}
+
+// --- MagArtStatus in view 4 -----------------------------------------------------
+
+TEST_F(Part3_6_Monitor, MagArtStatusOkSendsTheChosenStateToTheChosenAddress)
+{
+    setzen(2, 2, 511, 20, 21);
+    sim.geraete().setzeWeiche(20, 0);
+    sim.geraete().setzeWeiche(21, 1);
+    monitor->Show_Monitor(&link);
+    MagArtStatus_Zustand z = monitor->MagArtStatus_laden(2, 2);
+    EXPECT_TRUE(z.AdrOpt(1));
+    EXPECT_TRUE(z.StatOpt(0)) << "the stored state of the chosen address";
+    AdrOpt_Click(z, 2);
+    StatOpt_Click(z, 0);
+    monitor->MagArtStatus_OK(z, link);
+    warten();
+    EXPECT_EQ(sim.geraete().weiche(21), 0);
+    EXPECT_EQ(sim.geraete().weiche(20), 0);
+    EXPECT_EQ(monitor->MagStatus(21), 0);
+    EXPECT_EQ(bild(2, 2), bmp(2, 2));
+    z = monitor->MagArtStatus_laden(2, 2);
+    StatOpt_Click(z, 1);
+    monitor->MagArtStatus_OK(z, link);
+    warten();
+    EXPECT_EQ(sim.geraete().weiche(20), 1);
+    EXPECT_EQ(bild(2, 2), QStringLiteral("s511_gr.bmp"));
+    EXPECT_TRUE(monitor->MagArtStatus_laden(2, 2).StatOpt(1));
+}
