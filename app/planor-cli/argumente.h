@@ -27,6 +27,22 @@ SimModulAngabe modulAngabe(const QString& option, const QString& wert, bool mitV
 // tcp:HOST:PORT, or sim.
 Einstellungen portEinstellungen(const QString& port);
 
+// A bus command's call: its options by `lesen`, then the settings of its
+// --port. A wrong call is told on `fehler` with the usage text `aufruf`, and
+// gives false (the command then ends with exit 2).
+template <typename Auftrag, typename Lesen>
+bool busAufruf(Lesen lesen, const char* aufruf, std::FILE* fehler, Auftrag& a, Einstellungen& e)
+{
+    try {
+        a = lesen();
+        e = portEinstellungen(a.port);
+        return true;
+    } catch (const FalscherAufruf& f) {
+        std::fputs(qPrintable(f.text + QStringLiteral("\n\n") + QString::fromUtf8(aufruf)), fehler);
+        return false;
+    }
+}
+
 // The messages of the link's procedures, as "title: text" lines on stderr.
 class StderrBenutzer final : public Benutzer {
 public:

@@ -78,13 +78,8 @@ int lncv(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
 {
     Auftrag a;
     Einstellungen e;
-    try {
-        a = lesen(argumente);
-        e = portEinstellungen(a.port);
-    } catch (const FalscherAufruf& f) {
-        std::fputs(qPrintable(f.text + QStringLiteral("\n\n") + QString::fromUtf8(Aufruf)), fehler);
+    if (!busAufruf([&] { return lesen(argumente); }, Aufruf, fehler, a, e))
         return Aufruffehler;
-    }
 
     BusVerbindung bus(e, a.module, fehler);
     Schnittstelle& schnittstelle = bus.schnittstelle;

@@ -81,13 +81,8 @@ int monitor(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
     }
     Auftrag a;
     Einstellungen e;
-    try {
-        a = lesen(argumente);
-        e = portEinstellungen(a.port);
-    } catch (const FalscherAufruf& f) {
-        text(fehler, f.text + QStringLiteral("\n\n") + QString::fromUtf8(Aufruf));
+    if (!busAufruf([&] { return lesen(argumente); }, Aufruf, fehler, a, e))
         return Aufruffehler;
-    }
 
     // The signals first, so that Ctrl+C while a command station is talked
     // into LocoNet mode ends the run as cleanly as later.

@@ -180,13 +180,8 @@ int bulk(const QStringList& argumente, std::FILE* aus, std::FILE* fehler, bool a
 {
     Auftrag a;
     Einstellungen e;
-    try {
-        a = lesen(argumente, auslesen);
-        e = portEinstellungen(a.port);
-    } catch (const FalscherAufruf& f) {
-        std::fputs(qPrintable(f.text + QStringLiteral("\n\n") + QString::fromUtf8(Aufruf)), fehler);
+    if (!busAufruf([&] { return lesen(argumente, auslesen); }, Aufruf, fehler, a, e))
         return Aufruffehler;
-    }
 
     ProjektLaden projekt(fehler);
     if (!projekt.laden(a.projekt))
