@@ -1,7 +1,7 @@
 // planor-cli init (Part 2.5 without a display): against the in-process
 // simulator, and end to end through a pseudo-terminal to a running
 // `planor-cli sim`, read back with planor-cli lncv.
-#include "tests/app/sim_prozess.h"
+#include "tests/support/cli.h"
 
 using namespace planor::test;
 

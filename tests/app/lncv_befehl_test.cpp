@@ -1,7 +1,7 @@
 // planor-cli lncv read|write as a script drives it: against the in-process
 // simulator, and end to end through a pseudo-terminal and through TCP to a
 // running `planor-cli sim`.
-#include "tests/app/sim_prozess.h"
+#include "tests/support/cli.h"
 
 using namespace planor::test;
 

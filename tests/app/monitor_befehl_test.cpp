@@ -2,7 +2,7 @@
 // monitor on its pseudo-terminal (or its LbServer) as a second process, and
 // traffic made by a third party over TCP or by `planor-cli lncv`. The lines
 // are compared with the decoder's texts (tests/loconet/monitor_text_test.cpp).
-#include "tests/app/sim_prozess.h"
+#include "tests/support/cli.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -1,7 +1,7 @@
 // planor-cli program|read (Part 2.4) end to end: through a pseudo-terminal to
 // a running `planor-cli sim` that holds the demo project's modules, with its
 // state file as the modules' memory between runs.
-#include "tests/app/sim_prozess.h"
+#include "tests/support/cli.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 // planor-cli sim as a separate process: its pseudo-terminal through
 // QSerialPort, its LbServer through QTcpSocket. Every wait is bounded, and
 // the process is ended at the end of each test.
-#include "tests/app/sim_prozess.h"
+#include "tests/support/cli.h"
 
 #include <QFile>
 #include <QSerialPort>

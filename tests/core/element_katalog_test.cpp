@@ -2,7 +2,7 @@
 #include "core/element_katalog.h"
 
 #include "core/panel_model.h"
-#include "tests/core/test_umgebung.h"
+#include "tests/support/berichte.h"
 
 #include <QFile>
 

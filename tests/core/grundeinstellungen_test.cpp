@@ -3,7 +3,7 @@
 
 #include "config/modul_familie.h"
 #include "core/panel_model.h"
-#include "tests/core/test_umgebung.h"
+#include "tests/support/berichte.h"
 
 #include <gtest/gtest.h>
 

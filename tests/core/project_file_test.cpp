@@ -7,7 +7,7 @@
 #include "tests/editor/editor_umgebung.h"
 
 #include <QDir>
-#include "tests/test_hilfen.h"
+#include "tests/support/daten.h"
 
 #include <QFile>
 

@@ -2,7 +2,7 @@
 #include "core/settings_file.h"
 
 #include "core/laufzeitfehler.h"
-#include "tests/core/test_umgebung.h"
+#include "tests/support/berichte.h"
 
 #include <QFile>
 

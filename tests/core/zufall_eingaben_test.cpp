@@ -4,10 +4,10 @@
 // Elementkatalog::lesen. planor::Laufzeitfehler is the specified way of
 // failing; anything else thrown is a defect. The seeds are fixed, so a
 // failure comes back on every run; scripts/fuzz.sh searches further.
-#include "tests/core/test_umgebung.h"
+#include "tests/support/berichte.h"
 #include "tests/fuzz/dateileser.h"
 
-#include "tests/test_hilfen.h"
+#include "tests/support/daten.h"
 
 #include <QFile>
 

@@ -4,7 +4,7 @@
 #include "loconet/empfang.h"
 #include "loconet/nachricht.h"
 #include "platform/sim_geraete.h"
-#include "tests/test_hilfen.h"
+#include "tests/support/daten.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 
 #include "core/element_katalog.h"
 #include "core/panel_model.h"
-#include "tests/core/test_umgebung.h"
+#include "tests/support/berichte.h"
 
 #include <gtest/gtest.h>
 

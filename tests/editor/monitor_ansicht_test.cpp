@@ -12,7 +12,7 @@
 #include "loconet/lncv_austausch.h"
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
-#include "tests/core/test_umgebung.h"
+#include "tests/support/berichte.h"
 
 #include <gtest/gtest.h>
 

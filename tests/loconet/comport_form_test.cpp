@@ -2,7 +2,7 @@
 #include "loconet/comport_form.h"
 
 #include "core/settings_file.h"
-#include "tests/loconet/meldungen.h"
+#include "tests/support/berichte.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Part 2.2: the two framings of empfang.
 #include "loconet/empfang.h"
 
-#include "tests/test_hilfen.h"
+#include "tests/support/daten.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #include "loconet/link.h"
 
 #include "loconet/nachricht.h"
-#include "tests/loconet/geruest_transport.h"
+#include "tests/support/bus.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 
 #include "core/vb_zahlen.h"
 #include "loconet/link.h"
-#include "tests/core/test_umgebung.h"
-#include "tests/loconet/geruest_transport.h"
+#include "tests/support/berichte.h"
+#include "tests/support/bus.h"
 
 #include <array>
 #include <map>

@@ -2,7 +2,7 @@
 #include "loconet/empfang.h"
 #include "loconet/monitor_text.h"
 #include "loconet/nachricht.h"
-#include "tests/test_hilfen.h"
+#include "tests/support/daten.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // Part 2.6 btnTraceOnOff: the trace file's name, encoding and line format.
 #include "loconet/monitor_verlauf.h"
 
-#include "tests/test_hilfen.h"
+#include "tests/support/daten.h"
 
 #include <QTemporaryDir>
 

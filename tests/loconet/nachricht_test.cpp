@@ -1,7 +1,7 @@
 // Parts 2.2 and 2.3: every message the program composes, byte for byte.
 #include "loconet/nachricht.h"
 
-#include "tests/test_hilfen.h"
+#include "tests/support/daten.h"
 
 #include <gtest/gtest.h>
 

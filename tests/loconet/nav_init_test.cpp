@@ -9,8 +9,8 @@
 #include "loconet/nachricht.h"
 #include "loconet/verbindung.h"
 #include "platform/sim_transport.h"
-#include "tests/loconet/meldungen.h"
-#include "tests/platform/sim_hilfen.h"
+#include "tests/support/berichte.h"
+#include "tests/support/sim.h"
 
 using namespace planor;
 using namespace planor::test;

@@ -3,9 +3,9 @@
 
 #include "core/settings_file.h"
 #include "loconet/empfang.h"
-#include "tests/core/test_umgebung.h"
-#include "tests/loconet/geruest_transport.h"
-#include "tests/loconet/meldungen.h"
+#include "tests/support/berichte.h"
+#include "tests/support/bus.h"
+#include "tests/support/berichte.h"
 
 using namespace planor;
 using namespace planor::test;

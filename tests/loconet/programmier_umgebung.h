@@ -13,8 +13,8 @@
 #include "loconet/verbindung.h"
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
-#include "tests/core/test_umgebung.h"
-#include "tests/loconet/meldungen.h"
+#include "tests/support/berichte.h"
+#include "tests/support/berichte.h"
 
 #include <QPoint>
 #include <QStringList>

@@ -5,7 +5,7 @@
 #include "loconet/nachricht.h"
 #include "loconet/text_monitor.h"
 #include "platform/uhr.h"
-#include "tests/test_hilfen.h"
+#include "tests/support/daten.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -2,7 +2,7 @@
 #include "platform/lbserver_transport.h"
 
 #include "platform/uhr.h"
-#include "tests/platform/pty.h"
+#include "tests/support/pty.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>

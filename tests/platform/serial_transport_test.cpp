@@ -3,7 +3,7 @@
 #include "platform/serial_transport.h"
 
 #include "platform/uhr.h"
-#include "tests/platform/pty.h"
+#include "tests/support/pty.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include "loconet/link.h"
 #include "loconet/lncv_austausch.h"
 #include "platform/sim_transport.h"
-#include "tests/platform/sim_hilfen.h"
+#include "tests/support/sim.h"
 
 using namespace planor;
 using namespace planor::test;

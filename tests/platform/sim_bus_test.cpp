@@ -1,7 +1,7 @@
 // The simulated bus: framing per party, the echo, the wire time and the
 // faults, in virtual time.
 #include "platform/sim_rahmen.h"
-#include "tests/platform/sim_hilfen.h"
+#include "tests/support/sim.h"
 
 #include "loconet/nachricht.h"
 

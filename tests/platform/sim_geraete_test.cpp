@@ -3,7 +3,7 @@
 #include "platform/sim_geraete.h"
 #include "platform/sim_transport.h"
 #include "platform/sim_zustand.h"
-#include "tests/platform/sim_hilfen.h"
+#include "tests/support/sim.h"
 
 #include "core/panel_model.h"
 #include "loconet/link.h"

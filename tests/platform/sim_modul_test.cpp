@@ -1,7 +1,7 @@
 // Part 2.3 from the module's side: what a simulated LNCV module answers,
 // byte by byte, in virtual time.
 #include "platform/sim_modul.h"
-#include "tests/platform/sim_hilfen.h"
+#include "tests/support/sim.h"
 
 #include "loconet/nachricht.h"
 

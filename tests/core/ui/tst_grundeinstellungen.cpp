@@ -4,7 +4,7 @@
 #include "core/panel_model.h"
 #include "core/ui/grundeinstellungen_dialog.h"
 #include "platform/uhr.h"
-#include "tests/core/ui/gui_hilfen.h"
+#include "tests/support/gui.h"
 
 #include <QCheckBox>
 #include <QDialog>

@@ -4,8 +4,8 @@
 #include "core/ui/main.h"
 #include "core/ui/main_win.h"
 #include "platform/uhr.h"
-#include "tests/core/ui/erststart_hilfen.h"
-#include "tests/core/ui/gui_hilfen.h"
+#include "tests/support/gui_start.h"
+#include "tests/support/gui.h"
 
 #include <QAction>
 #include <QApplication>

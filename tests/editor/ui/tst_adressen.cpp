@@ -20,7 +20,7 @@
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
 #include "platform/uhr.h"
-#include "tests/core/ui/demo_programm.h"
+#include "tests/support/gui_demo.h"
 
 #include <QComboBox>
 #include <QDir>

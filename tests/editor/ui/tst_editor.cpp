@@ -8,8 +8,8 @@
 #include "editor/ui/pult_bereich.h"
 #include "editor/ui/zellen_grid.h"
 #include "platform/uhr.h"
-#include "tests/core/ui/erststart_hilfen.h"
-#include "tests/core/ui/gui_hilfen.h"
+#include "tests/support/gui_start.h"
+#include "tests/support/gui.h"
 
 #include <QAction>
 #include <QMessageBox>

@@ -1,7 +1,7 @@
 // Part 3.2: the dialog TauschForm driven through its widgets.
 #include "core/panel_model.h"
 #include "editor/ui/tausch_dialog.h"
-#include "tests/core/ui/gui_hilfen.h"
+#include "tests/support/gui.h"
 
 #include <QCheckBox>
 

@@ -4,7 +4,7 @@
 #include "core/check_wert.h"
 #include "loconet/ui/comport_dialog.h"
 #include "platform/uhr.h"
-#include "tests/core/ui/gui_hilfen.h"
+#include "tests/support/gui.h"
 
 #include <QComboBox>
 #include <QGroupBox>

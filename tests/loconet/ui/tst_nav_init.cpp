@@ -7,9 +7,9 @@
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
 #include "platform/uhr.h"
-#include "tests/core/ui/erststart_hilfen.h"
-#include "tests/core/ui/gui_hilfen.h"
-#include "tests/loconet/meldungen.h"
+#include "tests/support/gui_start.h"
+#include "tests/support/gui.h"
+#include "tests/support/berichte.h"
 
 #include <QAction>
 #include <QComboBox>

@@ -14,7 +14,7 @@
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
 #include "platform/uhr.h"
-#include "tests/core/ui/gui_hilfen.h"
+#include "tests/support/gui.h"
 
 #include <QCheckBox>
 #include <QDir>

@@ -2,12 +2,15 @@
 // A test's own error-report environment: reports are collected instead of
 // shown, Fehler.log goes to a temporary folder, the clock stands still.
 
+#include "core/benutzer.h"
 #include "core/fehlerbehandlung.h"
 #include "platform/uhr.h"
 
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <vector>
 
 namespace planor::test {
 
@@ -19,6 +22,18 @@ struct GesammelteBerichte final : FehlerAnzeige {
     }
     QStringList titel_;
     QStringList texte;
+};
+
+// The messages a procedure would have shown, recorded as "title|text" with
+// their icons.
+struct Meldungen final : Benutzer {
+    void meldung(const QString& titel, const QString& text, Symbol symbol) override
+    {
+        texte << titel + u'|' + text;
+        symbole.push_back(symbol);
+    }
+    QStringList texte;
+    std::vector<Symbol> symbole;
 };
 
 class MitFehlerbericht : public ::testing::Test {

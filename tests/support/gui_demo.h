@@ -10,7 +10,7 @@
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
 #include "platform/uhr.h"
-#include "tests/core/ui/gui_hilfen.h"
+#include "tests/support/gui.h"
 
 #include <QDialog>
 #include <QDir>

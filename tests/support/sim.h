@@ -5,6 +5,7 @@
 #include "platform/sim_bus.h"
 #include "platform/simulator.h"
 #include "platform/uhr.h"
+#include "tests/support/daten.h"
 
 #include <QByteArray>
 
@@ -14,12 +15,6 @@
 #include <vector>
 
 namespace planor::test {
-
-// Bytes from a hex dump such as "E5 0F 05".
-inline QByteArray hex(const char* text) { return QByteArray::fromHex(QByteArray(text)); }
-
-// A message as upper-case hex bytes, so that a failing test shows it readably.
-inline std::string h(const QByteArray& bytes) { return bytes.toHex(' ').toUpper().toStdString(); }
 
 // What a party received, with the arrival time in seconds.
 struct Ankunft {

@@ -8,6 +8,8 @@
 #include <QProcess>
 #include <QTcpSocket>
 
+#include "tests/support/daten.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -18,9 +20,6 @@ inline constexpr int Grenze = 10000;  // ms for anything to come
 
 // Arguments from a text with blanks between them.
 inline QStringList argumente(const char* text) { return QString::fromLatin1(text).split(u' '); }
-
-inline QByteArray hex(const char* text) { return QByteArray::fromHex(QByteArray(text)); }
-inline std::string h(const QByteArray& b) { return b.toHex(' ').toUpper().toStdString(); }
 
 // The simulator running; ended (SIGTERM, then SIGKILL) when the test ends.
 class SimProzess {

@@ -8,8 +8,8 @@
 #include "core/ui/main_win.h"
 #include "loconet/open_com.h"
 #include "platform/uhr.h"
-#include "tests/core/ui/gui_hilfen.h"
-#include "tests/loconet/geruest_transport.h"
+#include "tests/support/gui.h"
+#include "tests/support/bus.h"
 
 #include <QPushButton>
 #include <QRadioButton>

@@ -8,10 +8,11 @@
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <string>
 
 namespace planor::test {
 
-// Bytes written as numbers, as the spec writes messages.
+// Bytes written as numbers, as a message is read off the wire.
 inline QByteArray bytes(std::initializer_list<int> werte)
 {
     QByteArray b;
@@ -19,6 +20,12 @@ inline QByteArray bytes(std::initializer_list<int> werte)
         b.append(static_cast<char>(w));
     return b;
 }
+
+// Bytes from a hex dump such as "E5 0F 05".
+inline QByteArray hex(const char* text) { return QByteArray::fromHex(QByteArray(text)); }
+
+// A message as upper-case hex bytes, so that a failing test shows it readably.
+inline std::string h(const QByteArray& bytes) { return bytes.toHex(' ').toUpper().toStdString(); }
 
 // A whole file; a file that cannot be read fails the test.
 inline QByteArray datei(const QString& pfad)
