@@ -1,9 +1,9 @@
-// Benchmark (issue 7): `planor-cli monitor` (Part 2.6) while the simulator
+// Benchmark: `planor-cli monitor` while the simulator
 // fills the bus. Three processes, as a user runs them:
 //   `planor-cli sim --pty --flood`  puts a round of messages on its bus as
 //        fast as the bus takes them (platform/sim_flut.h);
 //   `planor-cli monitor --port serial:<pty>?kind=usb`  reads them through
-//        the pseudo-terminal: serial transport, Part 2.2's framing,
+//        the pseudo-terminal: serial transport, the monitor framing,
 //        decode_ln_mes, the 80-column cut and one flushed write per line —
 //        the very code path of the command, nothing rebuilt for the bench;
 //   this process  counts the monitor's stdout lines (each message of the

@@ -1,4 +1,4 @@
-// Benchmark (issue 6 item 4): Prog_modul and Read_modul (Part 2.4) of an
+// Benchmark: Prog_modul and Read_modul of an
 // unchanged module against the in-process simulator on the wall clock, with
 // the wire's time on: a receiver 47220 (LNCVs 2..119) and a universal block
 // controller 47320 (LNCVs 2..459). For each run it prints the messages the

@@ -1,6 +1,6 @@
-// Benchmark: Save_plt and Load_plt (Part 1.4) of a full 99×99 project with
+// Benchmark: Save_plt and Load_plt of a full 99×99 project with
 // the real catalogue: track in every cell, 200 receiver modules with 128
-// values each (200 side files, Part 1.5), turnouts, stations and routes.
+// values each (200 side files), turnouts, stations and routes.
 // Prints the minimum and the median of each in ms; a load that does not give
 // back the saved project, or any error report, ends with status 1.
 //   planor-bench-projekt [Wiederholungen] [KT_Conf-Ordner]
@@ -145,7 +145,7 @@ void projektBauen(Anlage& anlage, const Elementkatalog& katalog, PultEditor& edi
 
 // Whether the loaded project is the saved one. The cells are compared as
 // written (XY_BlkMeld is not saved) and by their values; stations and routes as records, since a
-// name comes back with one more leading blank at each load (Part 1.4).
+// name comes back with one more leading blank at each load.
 bool gleichGeladen(const Anlage& alt, const Anlage& neu, const Elementkatalog& katalog, const QDate& datum)
 {
     auto zellen = [&](const Anlage& a) {

@@ -1,5 +1,5 @@
 #pragma once
-// Part 4.1 Clear_Modul: a module loses its function; its address and
+// Clear_Modul: a module loses its function; its address and
 // feedback address (LNCV 0 and 1) and the values above 127 survive.
 
 namespace planor {

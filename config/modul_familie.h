@@ -1,5 +1,5 @@
 #pragma once
-// Part 4.1: the module families, KatAnz and set_modul_optionen.
+// The module families, KatAnz and set_modul_optionen.
 
 #include "core/vb_zahlen.h"
 
@@ -11,10 +11,10 @@ class Anlage;
 int Modulfamilie(Long artNr, Integer version);
 
 // Number of train categories of the module in the cell: 4 or 15, 0 for none.
-// Part 4.1's rule: for 47230 only the version counts, not bit 5 of LNCV 15.
+// For 47230 only the version counts, not bit 5 of LNCV 15.
 int KatAnz(const Anlage& anlage, int x, int y);
 
-// Presets a module's general values from Grundeinst (Part 4.1).
+// Presets a module's general values from Grundeinst.
 void set_modul_optionen(Anlage& anlage, int x, int y);
 
 }  // namespace planor

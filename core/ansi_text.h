@@ -1,6 +1,6 @@
 #pragma once
-// Every text file Planor reads or writes is Windows-1252 with CR LF line ends
-// (spec-notes "Encoding"). Readers accept CR LF, CR or LF alone and a last
+// Every text file Planor reads or writes is Windows-1252 with CR LF line
+// ends. Readers accept CR LF, CR or LF alone and a last
 // line without an end; writers always end lines with CR LF.
 
 #include <QByteArray>
@@ -15,7 +15,7 @@ namespace planor::ansi {
 QString decode(const QByteArray& bytes);
 
 // Text to Windows-1252 bytes; a character the code page cannot hold becomes
-// "?", as the original's conversion wrote it.
+// "?", so that files stay readable by programs that expect the code page.
 QByteArray encode(const QString& text);
 
 // The lines of a file's bytes, without their ends.
@@ -25,7 +25,7 @@ QStringList zeilen(const QByteArray& bytes);
 class Schreiber {
 public:
     Schreiber& zeile(const QString& text);
-    // Text without a line end (a value table that ends in "; ", Part 1.5).
+    // Text without a line end (a value table that ends in "; ").
     Schreiber& text(const QString& text);
     const QByteArray& bytes() const { return bytes_; }
 

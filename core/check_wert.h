@@ -1,5 +1,5 @@
 #pragma once
-// The general helpers of the number fields (Overview "Shared types and
+// The general helpers of the number fields (shared types and
 // helpers"): Check_Wert, Nur_Ziffern, Vorhanden. Widget-free: Check_Wert
 // yields what the dialog has to show; core/ui/check_wert_anzeige.h applies it
 // to the widgets.
@@ -13,10 +13,10 @@ namespace planor {
 
 // What the label of a refused value shows instead of its own text.
 inline const QString WertZuGrossTxt = QStringLiteral(" --- Wert zu groß !! ---");
-// The same below a minimum (our wording; the spec names only the maximum).
+// The same below a minimum (worded after the maximum's text).
 inline const QString WertZuKleinTxt = QStringLiteral(" --- Wert zu klein !! ---");
 
-// The number in a text field (Conventions "Values in fields"): read as Val
+// The number in a text field: read as Val
 // reads it, so that an empty text or "-" counts as 0.
 double Feldwert(const QString& feldText);
 

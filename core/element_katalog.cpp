@@ -10,7 +10,7 @@ namespace planor {
 
 namespace {
 
-// The fields of a file written for the original's comma-separated input:
+// The fields of a file in the catalogue's comma-separated format:
 // separated by commas and line ends, strings optionally quoted, blanks
 // around unquoted fields dropped. Blank lines give no fields.
 class Felder {

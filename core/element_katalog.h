@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.6: the element catalogue ElementTab, read from KT_Conf/Elemente.cfg,
+// The element catalogue ElementTab, read from KT_Conf/Elemente.cfg,
 // with the palette and the rotation families.
 
 #include "core/feld.h"
@@ -19,7 +19,7 @@ inline constexpr int MaxDrehung = 20;     // Drehung(0..20)
 inline constexpr int DrehungEnde = -99;   // ends a rotation list
 inline constexpr int PaletteSpalten = 8;  // the palette Elemente has 8 columns
 
-// Type codes with a meaning of their own (Part 1.2).
+// Type codes with a meaning of their own.
 inline constexpr int TypRadierer = -99;
 inline constexpr int TypAuswahl = -1;
 
@@ -51,11 +51,11 @@ public:
     int PaletteFeld(int spalte, int zeile) const;
     const std::vector<int>& palette() const { return palette_; }
 
-    // The first entry 0..100 with this type code, or -1 (index 0 is searched
-    // too, as the original does: it answers type 0).
+    // The first entry 0..100 with this type code, or -1. Index 0 is searched
+    // too and, never filled, answers type 0 before "Leer" does.
     int indexVonTyp(int typ) const;
 
-    // Reads Elemente.cfg's bytes (Part 1.6 steps 1 to 4, the palette and the
+    // Reads Elemente.cfg's bytes (the palette and the
     // rotation families) and builds the anlage's empty-cell template from
     // the "Leer" entry. An entry beyond index 100 raises run-time error 9,
     // a number field that holds no number error 13, a file ending inside an

@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.1: ExitFrage, the one exit check of "Beenden" and of closing the
+// ExitFrage, the one exit check of "Beenden" and of closing the
 // main window. Widget-free: the questions and dialogs come through the
 // interface, so that the logic runs in tests without a display.
 
@@ -22,7 +22,7 @@ public:
     virtual Antwort frage(const QString& titel, const QString& text) = 0;
     // The file dialog "Speichern unter: ..."; the chosen full path or nothing.
     virtual std::optional<QString> speichernUnter() = 0;
-    // Save_plt (Part 1.4) to the project's Pfad + File.
+    // Save_plt to the project's Pfad + File.
     virtual void Save_plt() = 0;
 };
 

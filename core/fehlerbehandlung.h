@@ -1,5 +1,5 @@
 #pragma once
-// The one error report of the Conventions ("Failures"): every procedure
+// The one error report for failures: every procedure
 // guards its body; a run-time error in it goes to Fehlerbehandlung with the
 // procedure's constant label "<Module> : <Procedure>", and the procedure ends
 // with its default result while the caller carries on.

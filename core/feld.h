@@ -1,8 +1,8 @@
 #pragma once
-// Fixed-bound arrays as the original declares them ("Dim XY(99, 99)"):
+// Fixed-bound arrays as the data model declares them ("Dim XY(99, 99)"):
 // allocated once at their full size, index 0 included, never resized.
 // Every access is checked; an index out of bounds raises run-time error 9,
-// which the guard of the calling procedure reports (Conventions).
+// which the guard of the calling procedure reports.
 
 #include "core/laufzeitfehler.h"
 

@@ -80,12 +80,12 @@ void Form_Activate(Grundeinstellungen_Form& form, const Anlage& anlage)
 {
     geschuetzt("Grundeinstellungen : Form_Activate", [&] {
         const Grundeinst_Typ& g = anlage.Grundeinst;
-        // Step 1.
+        // The dimensions and the check boxes.
         form.FeldAnzX = zahl(anlage.DimensionenX);
         form.FeldAnzY = zahl(anlage.DimensionenY);
         form.BlkStatChk = g.BlkZustMeld != 0;
         form.AllgOptChk = {g.BetriebszustSpeichern != 0, g.LocoNetStatMessage != 0, g.ZugKatRD2_47231 != 0};
-        // Steps 2 to 4.
+        // The scale and distance of the speed measurement.
         form.opSpur = SpurKeine;
         form.Geschw_Txt = QStringLiteral("-");
         const Geschwindigkeitsmessung m = LNCV14_lesen(g.LNCV14);
@@ -93,7 +93,7 @@ void Form_Activate(Grundeinstellungen_Form& form, const Anlage& anlage)
             form.opSpur = m.spur;
             form.Geschw_Txt = zahl(m.abstand);
         }
-        // Step 5: LNCV 19 counts half seconds; integer division rounds toward 0.
+        // LNCV 19 counts half seconds; integer division rounds toward 0.
         form.AutomZeitTxt = zahl(g.LNCV18);
         form.StartupZeitTxt = zahl(g.LNCV19 / 2);
         // Filling the fields runs their change handlers.
@@ -171,9 +171,9 @@ bool OK_But_Click(const Grundeinstellungen_Form& form, Anlage& anlage)
         g.BetriebszustSpeichern = form.AllgOptChk[0] ? 1 : 0;
         g.LocoNetStatMessage = form.AllgOptChk[1] ? 1 : 0;
         g.ZugKatRD2_47231 = form.AllgOptChk[2] ? 1 : 0;
-        // Step 1: the distance is rounded to whole millimetres (Part 4.3).
+        // The distance is rounded to whole millimetres.
         g.LNCV14 = LNCV14_bilden(form.opSpur, CLng(Feldwert(form.Geschw_Txt)));
-        // Step 2. LNCV 17 has no control and keeps its value.
+        // LNCV 17 has no control and keeps its value.
         g.LNCV18 = ganzzahl(form.AutomZeitTxt);
         g.LNCV19 = CInt(2.0 * ganzzahl(form.StartupZeitTxt));
 

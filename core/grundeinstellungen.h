@@ -1,6 +1,6 @@
 #pragma once
-// Part 1.8: the form Grundeinstellungen as a widget-free form state and the
-// spec's handlers over it. The dialog (core/ui/grundeinstellungen_dialog.h)
+// The form Grundeinstellungen as a widget-free form state and the
+// form's handlers over it. The dialog (core/ui/grundeinstellungen_dialog.h)
 // only binds widgets to this state.
 
 #include "core/check_wert.h"
@@ -20,14 +20,14 @@ inline constexpr int GrundeinstOffen = 0;
 inline constexpr int GrundeinstOK = 1;
 inline constexpr int GrundeinstAbbruch = 2;
 
-// Coding of LNCV 14 (Parts 1.8, 4.3): U = distance · factor + index, the factor
+// Coding of LNCV 14: U = distance · factor + index, the factor
 // 18 times the scale's denominator. Index -1 stands for "no scale".
 inline constexpr int SpurKeine = -1;
 inline constexpr int SpurAnz = 5;
 inline constexpr std::array<int, SpurAnz> SpurFaktor = {2880, 2160, 1566, 810, 576};
-// The factor used when no scale is chosen (spec-notes 1.8: that of "Spur 1").
+// The factor used when no scale is chosen (that of "Spur 1").
 inline constexpr int SpurFaktorOhneSpur = 576;
-// The largest distance · factor that is accepted (Part 4.3, spec-notes 1.8).
+// The largest distance · factor that is accepted: LNCV 14 is 16 bits wide.
 inline constexpr double MaxGeschwWert = 65530;
 // "N", "TT", "H0", "0", "Spur 1".
 QString SpurName(int spur);
@@ -44,9 +44,9 @@ struct Geschwindigkeitsmessung {
     int spur = SpurKeine;
     Long abstand = 0;  // in whole millimetres; meaningful with a scale only
 };
-// Opening steps 3 and 4: the scale and distance of an LNCV 14, read unsigned.
+// On opening: the scale and distance of an LNCV 14, read unsigned.
 Geschwindigkeitsmessung LNCV14_lesen(Integer lncv14);
-// OK step 1: distance · factor + index as a 16-bit two's complement; without
+// On OK: distance · factor + index as a 16-bit two's complement; without
 // a scale distance · 576 and no index. Raises error 6 when it does not fit.
 Integer LNCV14_bilden(int spur, Long abstand);
 
@@ -57,8 +57,8 @@ inline const QString Geschw_Text = QStringLiteral("Sensorabstand:");
 inline const QString AutomZeit_Text = QStringLiteral("Wartezeit bis zum nächsten Start der Automatik:");
 inline const QString StartupZeit_Text = QStringLiteral("Wartezeit beim Einschalten des Moduls:");
 
-// Bounds of the number fields. The spec gives 9..99 for the dimensions
-// (spec-notes: refused below 9 as above 99). For the times we take Part 4.3's
+// Bounds of the number fields. The dimensions are 9..99 (refused below 9
+// as above 99). For the times the modules' LNCVs set the
 // maxima: LNCV 18 is a byte of seconds, LNCV 19 counts half seconds in a byte,
 // so 127 s is the most that doubles into it. Negative values are refused.
 inline constexpr double FeldAnzMin = 9;
@@ -86,7 +86,8 @@ struct Grundeinstellungen_Form {
     CheckWertErgebnis StartupZeit_Pruefung{true, StartupZeit_Text};
 };
 
-// Opening the form, steps 1 to 5, followed by the checks of all fields.
+// Opening the form: every field from the project, followed by the checks of
+// all fields.
 void Form_Activate(Grundeinstellungen_Form& form, const Anlage& anlage);
 
 // The change handlers: each runs the check of its field on the form's text.
@@ -100,12 +101,12 @@ void Geschw_Txt_Change(Grundeinstellungen_Form& form);
 // Selects the scale (0..4) and checks the distance against its factor.
 void opSpur_Click(Grundeinstellungen_Form& form, int spur);
 
-// OK is enabled while no field is refused. Unlike the original, where each
-// Check_Wert call set OK from its own field alone, one accepted field does not
-// enable OK while another is refused.
+// OK is enabled while no field is refused. Each Check_Wert call would set OK
+// from its own field alone; here one accepted field does not enable OK while
+// another is refused.
 bool OK_But_Enabled(const Grundeinstellungen_Form& form);
 
-// OK steps 1 and 2: stores all fields into the project. With a refused field
+// OK: stores all fields into the project. With a refused field
 // (OK disabled) nothing is stored and the result is false. GrundeinstErgebnis
 // and hiding the form are the dialog's part.
 bool OK_But_Click(const Grundeinstellungen_Form& form, Anlage& anlage);

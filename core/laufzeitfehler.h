@@ -1,6 +1,6 @@
 #pragma once
-// The run-time errors of the original's language that the spec relies on
-// (spec-notes "Run-time errors"). A procedure raises one; the guard of the
+// The numbered run-time errors (6 overflow, 9 bounds, ...) that the
+// procedures raise. A procedure raises one; the guard of the
 // procedure (fehlerbehandlung.h) reports it and the caller carries on.
 
 #include <QString>

@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.5: the module value files <XY_ArtNr>_<address>.lcv.
+// The module value files <XY_ArtNr>_<address>.lcv.
 
 #include "core/feld.h"
 #include "core/panel_model.h"
@@ -22,7 +22,7 @@ void save_lncv(Long artnr, const LNCV_Feld& values, int count, const QString& fi
 
 // load_lncv's state machine over a file's bytes. Clears values 0..count-1,
 // reads index/value pairs; an index at or above count raises count to
-// index + 1 (spec-notes 1.5); a comment line's text (CR included) is
+// index + 1; a comment line's text (CR included) is
 // appended to `comment`; the article line's number goes to artnr; `result`
 // becomes 0 at the end. An index above 460 raises run-time error 9.
 void load_lncv_bytes(const QByteArray& bytes, Long& artnr, LNCV_Feld& values, Integer& count, QString& comment,

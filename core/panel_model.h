@@ -1,6 +1,6 @@
 #pragma once
-// Part 1.2: the panel data model. All data of one project ("Anlage") with the
-// spec's field names, widths and fixed bounds. Index 0 is allocated
+// The panel data model. All data of one project ("Anlage") with the
+// file formats' field names, widths and fixed bounds. Index 0 is allocated
 // everywhere; the program uses indices from 1 except where stated.
 
 #include "core/feld.h"
@@ -12,7 +12,7 @@
 
 namespace planor {
 
-// Part 1.2 limits.
+// Limits.
 inline constexpr int MaxDimension = 99;        // XY indices 0..99 in both directions
 inline constexpr int MinDimension = 9;         // DimensionenX/Y 9..99
 inline constexpr int NeueDimension = 30;       // a new project's size
@@ -120,14 +120,14 @@ public:
     FS_Typ& FS(int i) { return (*FS_)(i); }
     const FS_Typ& FS(int i) const { return (*FS_)(i); }
 
-    // The empty cell. Clearing a cell copies this whole record (Part 1.2).
+    // The empty cell. Clearing a cell copies this whole record.
     const XY_Typ& XY_Leer() const { return XY_Leer_; }
-    // The catalogue tells which element is "Leer" (Part 1.6).
+    // The catalogue tells which element is "Leer".
     void setzeLeerElement(Integer leerIndex);
 
-    // Part 1.1 neues_pult_setzen, the records' part: every cell becomes the
+    // neues_pult_setzen, the records' part: every cell becomes the
     // template, every station and route slot is emptied (Bhf_Art included),
-    // Bhf_Anz is 0 (spec-notes 1.1/1.2: nothing leaks into the next project).
+    // Bhf_Anz is 0 (nothing leaks into the next project).
     void neues_pult_setzen();
 
     Integer DimensionenX = NeueDimension;
@@ -149,13 +149,13 @@ private:
     std::unique_ptr<Feld<FS_Typ, 0, MaxFS>> FS_;
 };
 
-// Part 1.2 interfaces.
+// Shared helpers: the unsigned view of 16-bit values, Max and Min.
 Long Int_to_Unsig(Integer wert);   // adds 65536 when negative
 Integer Unsig_to_Int(Long wert);   // subtracts 65536 above 32767; error 6 if still too large
 inline long long Max(long long a, long long b) { return a > b ? a : b; }
 inline long long Min(long long a, long long b) { return a < b ? a : b; }
 
-// The operating modes of XY_BETR (Part 1.2) and their labels.
+// The operating modes of XY_BETR and their labels.
 inline constexpr int BetriebsartKeine = -1;
 inline constexpr int BetriebsartMax = 10;
 // The label of an operating mode 0..10; the empty text for -1 (none);

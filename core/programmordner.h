@@ -1,6 +1,6 @@
 #pragma once
-// Where Planor keeps its files. The original keeps everything "beside the
-// program". Deliberate deviation (issue 2): writable files (Planor.CFG,
+// Where Planor keeps its files. Not everything "beside the program": an
+// installed program's folder is often read-only, so writable files (Planor.CFG,
 // Fehler.log, the monitor's trace files) go to the program's folder when it
 // is writable, else to the per-user configuration folder; read-only data
 // (KT_Conf, Hilfe, demo) is found beside the program or in the installed
@@ -20,7 +20,7 @@ QString Ablageordner();
 // "/": beside the program when it is there, else in the share folder.
 QString Datenordner(const QString& name);
 
-// Part 1.1: KonfPfad, the folder of Elemente.cfg and all bitmaps.
+// KonfPfad, the folder of Elemente.cfg and all bitmaps.
 QString KonfPfad();
 
 }  // namespace planor

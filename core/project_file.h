@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.4: the project file (.anl) with its side files (.lcv, Part 1.5).
+// The project file (.anl) with its side files (.lcv).
 
 #include "core/vb_zahlen.h"
 
@@ -18,7 +18,7 @@ class Elementkatalog;
 class PultEditor;
 
 // decode_liste: the text split at each ","; blanks stay in the items. More
-// than 21 items raise the bounds error, as the original's list has 0..20.
+// than 21 items raise the bounds error, as the list has room for 0..20.
 QStringList decode_liste(const QString& text);
 
 // What saving and loading show and ask while they run.
@@ -59,7 +59,7 @@ void Save_plt(const Anlage& anlage, const Elementkatalog& katalog, ProjektAnzeig
 
 // Load_plt: reads Pfad + File line by line into the project through the
 // editor (SetzePultElement builds each cell). The catalogue's LNCVAnz may be
-// raised by a side file with more values (Part 1.5). A line without ":"
+// raised by a side file with more values. A line without ":"
 // raises error 5, a list of more than 21 items error 9; what was read stays.
 void Load_plt(Anlage& anlage, Elementkatalog& katalog, PultEditor& editor, ProjektAnzeige& anzeige);
 

@@ -1,4 +1,4 @@
-// Part 1.4 Load_plt: the project file's line reader.
+// Load_plt: the project file's line reader.
 #include "core/project_file.h"
 
 #include "core/ansi_text.h"
@@ -141,7 +141,7 @@ void Leser::zellFeld(const QString& schluessel, const QString& wert)
 
 void Leser::seitendatei(int x, int y, const QString& name)
 {
-    // Deliberate deviation (issue 4): project data never makes Planor read
+    // Project data never makes Planor read
     // outside the project's folder; such a name counts as missing.
     const bool sicher = !name.contains(u'/') && !name.contains(u'\\') && !name.contains(QStringLiteral(".."));
     const QString pfad = anlage_.Pfad + name;
@@ -195,7 +195,7 @@ void Leser::fahrstrasse(const QString& schluessel, const QString& wert)
         for (int i = 0; i < 6; ++i)
             *felder[i] = integer(liste.value(i + 2));
     } else if (schluessel == u"FS_MagBfl") {
-        // The command drops exactly the one blank behind the comma (spec-notes 1.4).
+        // The command drops exactly the one blank behind the comma.
         fs.FS_MagBfl(integer(liste.value(1))) = liste.value(2).mid(1);
     }
 }

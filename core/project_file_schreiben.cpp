@@ -1,4 +1,4 @@
-// Part 1.4 Save_plt: the project file and its side files.
+// Save_plt: the project file and its side files.
 #include "core/project_file.h"
 
 #include "core/ansi_text.h"
@@ -52,7 +52,7 @@ void zelleSchreiben(ansi::Schreiber& datei, ProjektBytes& projekt, const Anlage&
         return;
     const QString name = zahl(z.XY_ArtNr) + u'_' + zahl(z.XY_LNCV(0)) + QStringLiteral(".lcv");
     datei.zeile(zellZeile("XY_File", x, y, name));
-    // Deliberate deviation (issue 4): a further cell of a universal block
+    // A further cell of a universal block
     // controller holds no values; its side file carries the main cell's.
     const XY_Typ& werte = z.XY_SenStat == 4 ? anlage.XY(z.XY_SenX, z.XY_SenY) : z;
     const QString kommentar = QStringLiteral(" Modul aus ") + file + QStringLiteral(" an Pos. (x,y)= ") + zahl(x)

@@ -14,8 +14,8 @@ namespace planor {
 
 namespace {
 
-// The original writes "Key:", value with a comma: the value starts in the next
-// print zone of 14 columns, strictly behind the key (spec-notes 1.3).
+// A line is "Key:", value printed with a comma: the value starts in the next
+// print zone of 14 columns, strictly behind the key.
 QString zone(const QString& schluessel)
 {
     constexpr int Zonenbreite = 14;

@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.3: the settings file Planor.CFG.
+// The settings file Planor.CFG.
 
 #include "core/vb_zahlen.h"
 
@@ -15,11 +15,11 @@ namespace planor {
 
 inline const QString SettingsDateiname = QStringLiteral("Planor.CFG");
 
-// 15 twips make one pixel (spec-notes 1.3).
+// 15 twips make one pixel.
 inline constexpr int TwipsJePixel = 15;
 
-// The link's way to the bus beyond the original's serial port (extension of
-// Part 2.1): the serial port with the three interface articles that
+// The link's way to the bus: the serial port with the three interface
+// articles that
 // LocoNetInterface and USBInterface choose, LocoNet over TCP to an LbServer,
 // or the built-in simulation. Stored values; never reuse one.
 enum class Verbindungsart : Integer { Seriell = 0, LbServer = 1, Simulation = 2 };
@@ -41,10 +41,10 @@ struct Einstellungen {
     QString Pfad;  // folder of the project last used, ending in the separator
     QString File;  // its file name
 
-    // Extension keys (Part 1.3 extension). They follow the spec's keys and are
+    // Extension keys. They follow the classic keys and are
     // written only when they differ from these defaults, so that a file
-    // without them is the original's byte for byte and the original's reader
-    // skips them as unknown keys.
+    // without them keeps the classic layout byte for byte and older readers
+    // skip them as unknown keys.
     QString ComPortGeraet;  // "ComPortGeraet:" a chosen device path; empty: ComPort's number decides
     Verbindungsart Verbindung = Verbindungsart::Seriell;  // "Verbindungsart:"
     QString LbServerHost = LbServerStandardHost;          // "LbServerHost:"
@@ -76,7 +76,7 @@ QByteArray SchreibEinstellungen(Einstellungen einstellungen, const Fensterlage& 
 // Save_conf's table: the geometry written for a window in each state, in twips.
 void FenstergeometrieUebernehmen(const Fensterlage& fenster, Einstellungen& einstellungen);
 
-// Part 1.1 step 4: the stored geometry in pixels as the main window applies
+// The stored geometry in pixels as the main window applies
 // it: each of left, top, width and height only when above 0, the window
 // state only when it is 2 (maximised).
 struct GespeicherteLage {

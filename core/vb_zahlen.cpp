@@ -97,7 +97,7 @@ double Val(const QString& text)
         zahl.chop(1);
     bool ok = false;
     const double wert = zahl.toDouble(&ok);
-    // Digits that no double can hold overflow, as in the original.
+    // Digits that no double can hold overflow rather than give infinity.
     if (!ok && ziffern)
         throw Laufzeitfehler(Fehlernummer::Ueberlauf);
     return ok ? wert : 0.0;

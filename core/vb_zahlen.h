@@ -1,6 +1,6 @@
 #pragma once
-// The numeric types and conversions of the original's language that the
-// files and the bus depend on (Overview "Shared types and helpers").
+// The BASIC-style numeric types and conversions (16-bit Integer, 32-bit
+// Long, Val, Str) that the files and the bus depend on.
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #pragma once
 // What the procedures on the records need of the panel's display: a cell's
-// text and picture are to be drawn again (Part 3.1 SetzeText).
+// text and picture are to be drawn again (SetzeText).
 
 namespace planor {
 

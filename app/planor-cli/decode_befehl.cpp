@@ -61,7 +61,7 @@ int decode(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
     if (daten.isEmpty())
         return aufruffehler(fehler, QStringLiteral("Keine Bytes angegeben."));
 
-    // The monitor framing of Part 2.2, not a second framer.
+    // The monitor framing, not a second framer.
     Empfang empfang;
     empfang.Monitor_Aktiv = true;
     empfang.decode_ln_mes = [&](const QByteArray& nachricht) {

@@ -1,6 +1,6 @@
 #pragma once
-// planor-cli decode: Part 2.6's text monitor over bytes given on the command
-// line. The bytes go through Part 2.2's monitor framing (Empfang, with
+// planor-cli decode: the text monitor over bytes given on the command
+// line. The bytes go through the monitor framing (Empfang, with
 // Monitor_Aktiv), each complete message through decode_ln_mes with one state
 // kept from message to message; each text is printed after ZeilenUmbruch's
 // 80-column cut, one line per line.

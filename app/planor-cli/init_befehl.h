@@ -1,5 +1,5 @@
 #pragma once
-// planor-cli init: Part 2.5's Nav_Init without a display. The question
+// planor-cli init: Nav_Init without a display. The question
 // "only one module?" counts as answered yes; the status and progress go to
 // stdout, a refused entry or a failed exchange to stderr (exit 1).
 //   planor-cli init --article N --address A [--address2 B] --sensors single|double --port PORT

@@ -1,6 +1,6 @@
 #pragma once
 // planor-cli lncv read|write: one LNCV session with one module
-// (Prog_On, one Read_Lncv or Prog_Lncv, Prog_Off, Part 2.3).
+// (Prog_On, one Read_Lncv or Prog_Lncv, Prog_Off).
 //   planor-cli lncv read  --article N --address A --lncv K --port PORT [--module ART:ADR[:VER] ...]
 //   planor-cli lncv write --article N --address A --lncv K --value V --port PORT [...]
 // PORT: serial:DEVICE?kind=usb|adapter|station, tcp:HOST:PORT, or sim (in-process,

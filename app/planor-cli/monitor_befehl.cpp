@@ -117,7 +117,7 @@ int monitor(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
         text(fehler, warum + u'\n');
         QCoreApplication::exit(Fehler);
     };
-    // Part 2.6 decode_ln_mes steps 2 to 6: the lines as the view gets them,
+    // decode_ln_mes up to the trace: the lines as the view gets them,
     // each flushed so that a pipe sees it at once; the text whole in the trace.
     empfang.decode_ln_mes = [&](const QByteArray& nachricht) {
         const QString t = decode_ln_mes(zustand, nachricht);

@@ -1,12 +1,12 @@
 #pragma once
-// planor-cli monitor: Part 2.6's text monitor without a window. The port
-// opens as for the other bus commands (open_com, Part 2.1); every complete
-// message of the monitor framing (Part 2.2, Monitor_Aktiv) goes through
+// planor-cli monitor: the text monitor without a window. The port
+// opens as for the other bus commands (open_com); every complete
+// message of the monitor framing (Monitor_Aktiv) goes through
 // decode_ln_mes with one state for the whole run, and each line the
 // monitor's view would get is printed on stdout and flushed at once, until
 // SIGINT or SIGTERM (exit 0, the trace closed).
 //   planor-cli monitor --port PORT [--hex] [--ascii-hex] [--trace DATEI]
-// --trace writes Part 2.6's trace file as well: one line per shown text in
+// --trace writes the monitor's trace file as well: one line per shown text in
 // TraceZeile's format, Windows-1252 with CR LF. German messages on stderr.
 // Exit codes: 0 ended by a signal, 1 the port cannot be opened, the trace
 // cannot be written, the link is lost or stdout can no longer be written,

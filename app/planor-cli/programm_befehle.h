@@ -1,5 +1,5 @@
 #pragma once
-// planor-cli program|read: Part 2.4's bulk operations on a project.
+// planor-cli program|read: the bulk operations on a project.
 //   planor-cli program PROJEKT.anl --port PORT [--cell X,Y] [--on-error ask|retry|skip|abort]
 //   planor-cli read    PROJEKT.anl --port PORT [--cell X,Y] [--on-error ...] [--save]
 // Without --cell: Prog_all / Read_all; with it: Prog_einzeln / Read_einzeln,

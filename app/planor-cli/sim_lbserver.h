@@ -1,6 +1,6 @@
 #pragma once
 // `planor-cli sim --tcp PORT`: the simulated bus as an LbServer, the
-// "LocoNet over TCP" protocol that JMRI speaks. ASCII lines, CR LF:
+// "LocoNet over TCP" protocol that LbServer clients speak. ASCII lines, CR LF:
 //   server -> client  "VERSION Planor-Simulator <version>" on connecting,
 //                     "RECEIVE <hex>" for every message on the bus, the
 //                     client's own echo included,

@@ -6,7 +6,7 @@
 //
 // The simulator keeps its own descriptor of the terminal's slave side open:
 // without it the master reads EIO over and over once the program closes the
-// port (Part 2.1 closes and reopens it while talking to a command station).
+// port (open_com closes and reopens it while talking to a command station).
 // So bytes written while no program listens pile up in the terminal; past
 // `StauGrenze` further messages are dropped, as on a jammed line, so that a
 // program opening the port late gets no more old traffic than that, and a

@@ -19,8 +19,8 @@ protected:
     {
         if (ereignis->type() == QEvent::KeyPress) {
             const QString text = static_cast<QKeyEvent*>(ereignis)->text();
-            // Only keys that type something printable reach the filter, as
-            // only those reach the original's KeyPress.
+            // Only keys that type something printable reach the filter:
+            // navigation and editing keys must not count as input.
             if (!text.isEmpty() && text.at(0).isPrint()) {
                 for (const QChar c : text)
                     if (Nur_Ziffern(c.unicode()) == 0)
@@ -36,7 +36,7 @@ protected:
 void CheckWertFarbe(QLineEdit* feld, bool gueltig)
 {
     QPalette farben = feld->palette();
-    // The original's colours 255 (red) and 0 (black); a disabled field keeps
+    // Colours 255 (red) and 0 (black); a disabled field keeps
     // its own look.
     const QColor farbe = gueltig ? QColor(Qt::black) : QColor(Qt::red);
     farben.setColor(QPalette::Active, QPalette::Text, farbe);

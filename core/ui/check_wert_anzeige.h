@@ -15,8 +15,8 @@ void CheckWertFarbe(QLineEdit* feld, bool gueltig);
 // Shows a Check_Wert result: the field's text red when refused, black
 // otherwise, and the label's text.
 void CheckWertAnzeigen(const CheckWertErgebnis& ergebnis, QLineEdit* feld, QLabel* label);
-// The same, and OK disabled when refused, enabled otherwise — as the
-// original's Check_Wert does for a dialog with one checked field. A dialog
+// The same, and OK disabled when refused, enabled otherwise — as
+// Check_Wert does for a dialog with one checked field. A dialog
 // with several checked fields sets OK from all of them instead.
 void CheckWertAnzeigen(const CheckWertErgebnis& ergebnis, QLineEdit* feld, QLabel* label, QAbstractButton* okBut);
 

@@ -1,6 +1,6 @@
 #pragma once
 // The GUI's way of showing an error report: a message box with the critical
-// icon (Conventions "Failures").
+// icon.
 
 #include "core/fehlerbehandlung.h"
 

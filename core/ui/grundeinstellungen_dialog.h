@@ -1,7 +1,7 @@
 #pragma once
-// Part 1.8: the form Grundeinstellungen. The logic is in
-// core/grundeinstellungen.h; this class binds the widgets, named as the spec
-// names the controls, to its form state.
+// The form Grundeinstellungen. The logic is in
+// core/grundeinstellungen.h; this class binds the widgets, named as the form
+// state names the controls, to it.
 
 #include "core/grundeinstellungen.h"
 
@@ -27,7 +27,7 @@ public:
     explicit Grundeinstellungen(Anlage& anlage, QWidget* parent = nullptr);
 
     // 0 while open, 1 after OK, 2 after cancel (also Escape and closing the
-    // window, spec-notes "Waits on a flag").
+    // window).
     int GrundeinstErgebnis() const { return ergebnis_; }
 
     void reject() override;

@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.1: Main, the program's start in its fixed order.
+// Main, the program's start in its fixed order.
 
 #include "core/element_katalog.h"
 #include "core/panel_model.h"
@@ -16,7 +16,7 @@ namespace planor {
 class MainWin;
 class Transport;
 
-// Part 1.1 step 11: the message when the first start cannot connect.
+// The message when the first start cannot connect.
 inline const QString VerbindungsFehlerTitel = QStringLiteral("Fehler beim Verbinden mit dem Computer");
 inline const QString VerbindungsFehlerText = QStringLiteral("Bitte stellen Sie die Verbindungsdaten richtig ein oder\n"
                                                             "verbinden Sie den PC mit der Zentrale.");
@@ -28,11 +28,11 @@ public:
     explicit Programm(QString ablageordner);
     ~Programm();
 
-    // Steps 1 to 12 of Main; afterwards the message loop takes over.
+    // Main's start in its fixed order; afterwards the message loop takes over.
     MainWin& starten();
 
     QString settingsDatei() const;
-    // A first start is one without Planor.CFG (Part 1.1, left to the implementer).
+    // A first start is one without Planor.CFG.
     bool ersterStart() const { return ersterStart_; }
 
     Einstellungen einstellungen;
@@ -41,15 +41,15 @@ public:
 
     // The clock of the link's waits: the system's, unless set before starten.
     Uhr* uhr = &systemUhr_;
-    // Makes the transport of "Simulation (ohne Hardware)" (Part 2.1 extension);
+    // Makes the transport of "Simulation (ohne Hardware)";
     // without it that kind cannot be opened.
     std::function<std::unique_ptr<Transport>()> simulator;
-    // Step 11: the user ended the program with Erststart's "Ende"; the main
+    // The user ended the program with Erststart's "Ende"; the main
     // window is hidden and the message loop is not to be entered.
     bool beendet() const { return beendet_; }
 
 private:
-    // Step 11: Erststart, then open_com, until it connects (true) or the
+    // Erststart, then open_com, until it connects (true) or the
     // user ends the program (false).
     bool ersteVerbindung();
 

@@ -28,7 +28,7 @@ namespace planor {
 
 namespace {
 
-// Part 1.1 step 5: disabled until neues_pult_setzen enables them.
+// Disabled until neues_pult_setzen enables them.
 const QStringList ProjektMenus = {
     QStringLiteral("BearbeitenMenu"), QStringLiteral("PultSpeichernMenu"), QStringLiteral("PultSpeichernUnterMenu"),
     QStringLiteral("DruckMenu"),      QStringLiteral("EditModusMenu"),     QStringLiteral("KonfHauptMenu"),
@@ -131,7 +131,7 @@ QAction* MainWin::eintrag(QMenu* menu, const QString& name, const QString& text)
 {
     QAction* a = menu->addAction(text);
     a->setObjectName(name);
-    // An entry becomes usable when the Part behind it connects its handler.
+    // An entry becomes usable when the subsystem behind it connects its handler.
     a->setEnabled(false);
     return a;
 }
@@ -151,7 +151,7 @@ void MainWin::menusAnlegen()
     ende->setEnabled(true);
     connect(ende, &QAction::triggered, this, &MainWin::ProgEndeMenu_Click);
 
-    // Part 3.2: the captions carry their keys as text.
+    // The captions carry their keys as text.
     QMenu* bearbeiten = menu(QStringLiteral("BearbeitenMenu"), QStringLiteral("Bearbeiten"));
     eintrag(bearbeiten, QStringLiteral("UndoMenu"), QStringLiteral("Löschen Rückgängig  | Strg Z"));
     eintrag(bearbeiten, QStringLiteral("CopyMenu"), QStringLiteral("Kopieren                    |  Strg C"));
@@ -160,7 +160,7 @@ void MainWin::menusAnlegen()
     eintrag(bearbeiten, QStringLiteral("DelMenu"), QStringLiteral("Löschen                     |  Entf"));
     eintrag(bearbeiten, QStringLiteral("EleDrehenMenu"), QStringLiteral("Element drehen         |  rechte Maustaste"));
 
-    // Part 3.3: the views, the control array EditMode(1..4).
+    // The views, the control array EditMode(1..4).
     QMenu* ansicht = menu(QStringLiteral("EditModusMenu"), QStringLiteral("Ansicht"));
     auto* ansichten = new QActionGroup(this);
     const QStringList ansichtTexte = {
@@ -177,7 +177,7 @@ void MainWin::menusAnlegen()
         connect(a, &QAction::triggered, this, [this, i] { EditMode_Click(i); });
     }
 
-    // Part 4.1: KonfMenu(0..10).
+    // KonfMenu(0..10).
     QMenu* konf = menu(QStringLiteral("KonfHauptMenu"), QStringLiteral("Konfiguration"));
     const QStringList konfTexte = {
         QStringLiteral("Modul zurücksetzen"),
@@ -198,7 +198,7 @@ void MainWin::menusAnlegen()
         eintrag(konf, feldName("KonfMenu", i), konfTexte.at(i));
     }
 
-    // Part 2.4 and 6.2: ProgMenu(1..3), AuslMenu(1..2).
+    // ProgMenu(1..3), AuslMenu(1..2).
     QMenu* prog = menu(QStringLiteral("ProgHauptMenu"), QStringLiteral("Programmieren"));
     eintrag(prog, feldName("ProgMenu", 1), QStringLiteral("Alle Module"));
     eintrag(prog, feldName("ProgMenu", 2), QStringLiteral("Modul einzeln"));
@@ -207,7 +207,7 @@ void MainWin::menusAnlegen()
     eintrag(ausl, feldName("AuslMenu", 1), QStringLiteral("Alle Module"));
     eintrag(ausl, feldName("AuslMenu", 2), QStringLiteral("Modul einzeln"));
 
-    // Parts 1.8, 2.1, 2.5, 3.3: the options.
+    // The options.
     QMenu* optionen = menu(QStringLiteral("OptionHauptMenu"), QStringLiteral("Optionen"));
     QAction* lock = eintrag(optionen, QStringLiteral("GPLockMenu"), QStringLiteral("Gleisplan änderbar"));
     lock->setCheckable(true);
@@ -218,7 +218,7 @@ void MainWin::menusAnlegen()
     eintrag(optionen, feldName("OptionMenu", 1), QStringLiteral("ComPort Einstellungen"));
     eintrag(optionen, feldName("OptionMenu", 2), QStringLiteral("Modul initialisieren"));
 
-    // Part 8.2.
+    // Help.
     QMenu* hilfe = menu(QStringLiteral("HilfeMenu"), QStringLiteral("Hilfe"));
     eintrag(hilfe, QStringLiteral("HilfeAnzeigenMenu"), QStringLiteral("Hilfe"));
 }
@@ -258,7 +258,7 @@ void MainWin::closeEvent(QCloseEvent* event)
 {
     if (ExitFrage(anlage_, *this)) {
         event->accept();
-        // A pick of Part 2.4 waiting on the plan gives up with the window.
+        // A pick waiting on the plan gives up with the window.
         if (auswahlSchleife_)
             auswahlSchleife_->quit();
     } else

@@ -1,15 +1,15 @@
 #pragma once
-// Part 1.1: the main form MainWin with its menu bar, the panel area and the
-// status lines InfoTxt1 and InfoTxt2. Menus and entries carry the spec's
+// The main form MainWin with its menu bar, the panel area and the
+// status lines InfoTxt1 and InfoTxt2. Menus and entries carry their form
 // names as their objectName; control arrays as "Name(i)".
-//   main_win.cpp         construction, menus, exit (Part 1.1)
-//   main_win_ansicht.cpp views, lock and menu states (Part 3.3)
-//   main_win_pult.cpp    mouse, keys and edit menu on the plan (Part 3.2)
-//   main_win_datei.cpp   the file menus and the project's loading (Part 1.4)
-//   main_win_programmieren.cpp  the menus "Programmieren" and "Auslesen" (Part 2.4)
-//   main_win_adressen.cpp  the address view (Part 3.4)
-//   main_win_monitor.cpp   the live monitor view (Part 3.6)
-//   main_win_textmonitor.cpp  the text monitor frmMonitor (Part 2.6)
+//   main_win.cpp         construction, menus, exit
+//   main_win_ansicht.cpp views, lock and menu states
+//   main_win_pult.cpp    mouse, keys and edit menu on the plan
+//   main_win_datei.cpp   the file menus and the project's loading
+//   main_win_programmieren.cpp  the menus "Programmieren" and "Auslesen"
+//   main_win_adressen.cpp  the address view
+//   main_win_monitor.cpp   the live monitor view
+//   main_win_textmonitor.cpp  the text monitor frmMonitor
 
 #include "core/exit_frage.h"
 #include "core/project_file.h"
@@ -50,18 +50,18 @@ public:
             QWidget* parent = nullptr);
     ~MainWin() override;
 
-    // Part 1.1 step 4: the stored geometry of Part 1.3, then show.
+    // The stored geometry, then show.
     void zeigenMitGespeicherterLage();
-    // Step 5 and neues_pult_setzen: the menus that only a project makes usable.
+    // At the start and in neues_pult_setzen: the menus that only a project makes usable.
     void projektMenusFreigeben(bool frei);
-    // Step 8: the catalogue has been read; the palette is built.
+    // The catalogue has been read; the palette is built.
     void paletteAufbauen();
-    // Part 1.1: resets the panel to a new, empty project.
+    // Resets the panel to a new, empty project.
     void neues_pult_setzen() override;
-    // Part 1.4 "Neue Anlage" after its dialogs: an unlocked, empty plan in view 1.
+    // "Neue Anlage" after its dialogs: an unlocked, empty plan in view 1.
     void neuesPultZeigen();
 
-    // Part 3.3.
+    // The views and the lock (main_win_ansicht.cpp).
     void ChangeEditMode();
     void ClipBoardFlags();
     void GleisPlan_Lock_Unlock();
@@ -71,32 +71,32 @@ public:
     // While set, a new panel is being made and `Pult` stays hidden.
     bool PultNeuSetzen = true;
 
-    // Overview: writes status line 1 or 2 and refreshes it.
+    // Writes status line 1 or 2 and refreshes it.
     void InfoTxt_anzeigen(int feld, const QString& text) override;
 
-    // Part 1.4: the file menus.
+    // The file menus.
     void PultLadenMenu_Click();
     void PultSpeichernMenu_Click();
     void PultSpeichernUnterMenu_Click();
     void NeuesPultMenu_Click();
-    // Loads Pfad + File into a new panel in view 1 (Part 1.1 step 10, "Anlage laden").
+    // Loads Pfad + File into a new panel in view 1 ("Anlage laden").
     void anlageLaden();
-    // Part 1.8: "Grundeinstellungen ändern".
+    // "Grundeinstellungen ändern".
     void GrundeinstellungenMenu_Click();
 
-    // Part 1.1: "Beenden" and closing the window go through ExitFrage.
+    // "Beenden" and closing the window go through ExitFrage.
     void ProgEndeMenu_Click();
 
-    // Part 2.1 (main_win_comport.cpp): the link to the bus, ComPortForm on
-    // OptionMenu(1), and the form Erststart of Part 1.1 step 11 (1 confirmed,
+    // main_win_comport.cpp: the link to the bus, ComPortForm on
+    // OptionMenu(1), and the form Erststart (1 confirmed,
     // 2 "Ende"). Confirming either closes the link and writes Planor.CFG.
     Schnittstelle& schnittstelle();
     void ComPortNummer_aendern();
     int Erststart_zeigen();
-    // Part 2.5 (main_win_init.cpp): OptionMenu(2) "Modul initialisieren".
+    // main_win_init.cpp: OptionMenu(2) "Modul initialisieren".
     void ModulInitialisieren_Click();
 
-    // Part 2.4 (main_win_programmieren.cpp): ProgMenu(1), ProgMenu(2),
+    // main_win_programmieren.cpp: ProgMenu(1), ProgMenu(2),
     // AuslMenu(1), AuslMenu(2) in the menu frame.
     void ProgMenu_Click(int index);
     void AuslMenu_Click(int index);
@@ -109,11 +109,11 @@ public:
     PultEditor& editor() { return *editor_; }
     PultBereich& bereich() { return *bereich_; }
 
-    // Part 3.4 (main_win_adressen.cpp): the address view's texts.
+    // main_win_adressen.cpp: the address view's texts.
     void Show_LNCV_in_PultAdr();
-    // Part 3.6 (main_win_monitor.cpp): the live monitor view drawn and asked.
+    // main_win_monitor.cpp: the live monitor view drawn and asked.
     void Show_Monitor();
-    // Part 2.6 (main_win_textmonitor.cpp): the text monitor frmMonitor.
+    // main_win_textmonitor.cpp: the text monitor frmMonitor.
     void Start_TextMonitor();
     void Stop_TextMonitor();
 
@@ -133,7 +133,7 @@ private:
     bool elementLoeschen(const QString& titel, const QString& text) override;
     // Save_plt under its guard; true when it went through.
     bool speichern();
-    // A file dialog of Part 1.4; the chosen full path or nothing.
+    // A file dialog; the chosen full path or nothing.
     std::optional<QString> dateiWaehlen(const QString& titel, bool speichern, const QString& vorgabe = QString());
     void dateiMenusVerbinden();
     // What ComPortForm's and Erststart's OK do to the link and the settings file.
@@ -146,7 +146,7 @@ private:
     void bearbeitenVerbinden();
     void pultVerbinden();
 
-    // Part 2.4: the menu frame around one operation, and ProgrammierAnzeige.
+    // The menu frame around one operation, and ProgrammierAnzeige.
     void programmierRahmen(const QString& fehlerTitel, bool (*operation)(Programmierumgebung&), const char* name);
     void programmierMenusVerbinden();
     bool frageOkAbbrechen(const QString& titel, const QString& text) override;
@@ -161,7 +161,7 @@ private:
     // A question box of the operations, with the arrow while the busy pointer stands.
     bool programmierFrage(const QString& titel, const QString& text, int knoepfe, int ja);
 
-    // Part 3.2 on the grid `Pult`.
+    // Mouse and keys on the grid `Pult` (main_win_pult.cpp).
     void Pult_MouseDown(int x, int y);
     void Pult_MouseUp_Links();
     void Pult_MouseUp_Rechts(int x, int y);
@@ -169,12 +169,12 @@ private:
     void Elemente_Click(int index);
     void pultZeigerSetzen();
 
-    // Parts 3.4 / 3.6: a row of the reception table was filled. What it tells
+    // A row of the reception table was filled. What it tells
     // is read at once; the view's half runs after the framing step
-    // (spec-notes: re-entry), in the view that is shown then.
+    // (re-entry), in the view that is shown then.
     void Get_Adr_from_LN(int zeile);
 
-    // Part 3.4 (main_win_adressen.cpp).
+    // The address view (main_win_adressen.cpp).
     void adressenVerbinden();
     void adressenMeldung(const BusMeldung& m);
     // The dialogs, questions and redraws of the address view (AdrAnzeige),
@@ -184,7 +184,7 @@ private:
     // The model row of the last press on `PultAdr`: only the picture row counts.
     int adrGedrueckteZeile_ = -1;
 
-    // Part 3.6 (main_win_monitor.cpp).
+    // The live monitor view (main_win_monitor.cpp).
     void monitorVerbinden();
     void monitorMeldung(const BusMeldung& m);
     // A button released over a cell of `Mon`: left switches, right opens
@@ -196,7 +196,7 @@ private:
     // While the monitor reads the states or switches, a click waits its turn.
     bool monitorBeschaeftigt_ = false;
 
-    // Part 2.6 (main_win_textmonitor.cpp): the text monitor's window, made
+    // main_win_textmonitor.cpp: the text monitor's window, made
     // at its first start (a child of this window).
     FrmMonitor* frmMonitor_ = nullptr;
 
@@ -210,14 +210,14 @@ private:
     PultBereich* bereich_;
     QLabel* InfoTxt1;
     QLabel* InfoTxt2;
-    // Part 2.4 extension: "Modul n von m" during a bulk run, beside the status lines.
+    // "Modul n von m" during a bulk run, beside the status lines.
     QLabel* InfoTxt3 = nullptr;
-    // Part 2.4 / 3.6: the blinking mark of the module at work.
+    // The blinking mark of the module at work.
     QTimer* MarkTimer = nullptr;
     int markX_ = 0, markY_ = 0, markZaehler_ = 0;
     QString markBild_;
     bool programmierungLaeuft_ = false;
-    // The prompt's title of the menu entry that runs (Part 2.4 frame step 2).
+    // The prompt's title of the menu entry that runs (set as the frame starts).
     QString fehlerTitel_;
     bool beschaeftigt_ = false;
     // The pick's wait; quit by the click or by the window's closing.

@@ -1,4 +1,4 @@
-// Part 3.4: the address view `PultAdr`.
+// The address view `PultAdr`.
 #include "core/ui/main_win.h"
 
 #include "editor/adr_zuordnung.h"
@@ -59,7 +59,7 @@ void MainWin::adressenVerbinden()
 
 void MainWin::Show_LNCV_in_PultAdr()
 {
-    // Entering view 2 starts without a waiting assignment (Part 3.3 ChangeEditMode step 2).
+    // Entering view 2 starts without a waiting assignment (as ChangeEditMode does).
     adrFenster_->maus.flagsLoeschen();
     bereich_->pultAdrModell().Show_LNCV_in_PultAdr();
 }

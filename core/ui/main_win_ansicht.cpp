@@ -1,4 +1,4 @@
-// Part 3.3: the four views, the lock of the plan and the menus that follow them.
+// The four views, the lock of the plan and the menus that follow them.
 #include "core/ui/main_win.h"
 
 #include "core/element_katalog.h"
@@ -107,7 +107,7 @@ void MainWin::GleisPlan_Lock_Unlock()
     aktion(QStringLiteral("GPLockMenu"))->setChecked(s.GPLockMenu);
     setWindowTitle(s.titel);
     aktion(QStringLiteral("ProgHauptMenu"))->setEnabled(s.ProgHauptMenu);
-    // spec-notes 2.4: "Auslesen" follows the lock as "Programmieren" does.
+    // "Auslesen" follows the lock as "Programmieren" does.
     aktion(QStringLiteral("AuslHauptMenu"))->setEnabled(s.ProgHauptMenu);
     aktion(QStringLiteral("KonfHauptMenu"))->setEnabled(s.KonfHauptMenu);
 }

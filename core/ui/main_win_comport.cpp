@@ -1,5 +1,5 @@
-// Part 2.1: the main window's link, ComPortForm on OptionMenu(1) and the
-// form Erststart of Part 1.1 step 11.
+// The main window's link, ComPortForm on OptionMenu(1) and the
+// form Erststart.
 #include "core/ui/main_win.h"
 
 #include "loconet/comport_form.h"

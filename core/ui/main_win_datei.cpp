@@ -1,4 +1,4 @@
-// Part 1.4: the file menus, the project's loading and saving, and ExitFrage's dialogs.
+// The file menus, the project's loading and saving, and ExitFrage's dialogs.
 #include "core/ui/main_win.h"
 
 #include "core/element_katalog.h"
@@ -24,7 +24,7 @@ namespace {
 
 const QString AnlFilter = QStringLiteral("ANL Dateien (*.anl)");
 
-// The dialogs start in the program folder (Part 1.4); an installed program's
+// The dialogs start in the program folder; an installed program's
 // folder is not the user's, so then the home folder serves.
 QString startOrdner()
 {
@@ -121,7 +121,7 @@ void MainWin::NeuesPultMenu_Click()
         return;
     const QString altPfad = anlage_.Pfad, altFile = anlage_.File;
     PfadUndFileSetzen(anlage_, *datei);
-    // Only the file name is tested (spec-notes 1.4/1.5).
+    // Only the file name is tested.
     if (!anlage_.File.contains(u'.') || !anlage_.File.toUpper().contains(QStringLiteral(".ANL")))
         return;
     const Integer altX = anlage_.DimensionenX, altY = anlage_.DimensionenY;

@@ -1,4 +1,4 @@
-// Part 2.5: OptionMenu(2) "Modul initialisieren" opens Nav_Init; the menu
+// OptionMenu(2) "Modul initialisieren" opens Nav_Init; the menu
 // frame closes the port the form has opened.
 #include "core/ui/main_win.h"
 

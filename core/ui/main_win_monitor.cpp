@@ -1,4 +1,4 @@
-// Part 3.6: the live monitor view `Mon`. The procedures are MonitorAnsicht's
+// The live monitor view `Mon`. The procedures are MonitorAnsicht's
 // (editor/monitor_ansicht.h); this wires the grid's mouse, the dialogs and
 // the bus to them.
 #include "core/ui/main_win.h"

@@ -1,6 +1,6 @@
-// Part 2.4: the menus "Programmieren" and "Auslesen" in their common frame,
+// The menus "Programmieren" and "Auslesen" in their common frame,
 // and what the operations show and ask through ProgrammierAnzeige: the
-// questions, the blinking mark (Part 3.6 MarkTimer_Timer), the busy state,
+// questions, the blinking mark (MarkTimer_Timer), the busy state,
 // PultFehlMeldung_Form and the pick of a single module on the locked plan.
 #include "core/ui/main_win.h"
 
@@ -28,18 +28,18 @@ namespace planor {
 
 namespace {
 
-// Part 2.4: the prompt's title after each menu entry.
+// The prompt's title after each menu entry.
 const QString TitelProgAlle = QStringLiteral("alle Module programmieren");
 const QString TitelProgEinzeln = QStringLiteral("ein Module programmieren");
 const QString TitelAuslesen = QStringLiteral("-");
 
-// 300 ms while a module is worked on (Part 2.4 step 3 of Prog_modul).
+// The mark blinks every 300 ms while Prog_modul works on a module.
 constexpr int MarkTakt = 300;
 
 const QStringList HauptMenus = {QStringLiteral("ProgHauptMenu"), QStringLiteral("AuslHauptMenu"),
                                 QStringLiteral("OptionHauptMenu")};
 
-// spec-notes: the marking picture is the stem of Bmp + "_ausw.bmp".
+// The marking picture is the stem of Bmp + "_ausw.bmp".
 QString markierungsBild(const QString& bmp)
 {
     QString stamm = bmp;
@@ -57,7 +57,7 @@ void MainWin::programmierMenusVerbinden()
     MarkTimer->setInterval(MarkTakt);
     connect(MarkTimer, &QTimer::timeout, this, &MainWin::MarkTimer_Timer);
 
-    // ProgMenu(3) "Fahrstraßen" belongs to Part 6.2 and stays disabled.
+    // ProgMenu(3) "Fahrstraßen" belongs to the route editor and stays disabled.
     for (int i : {1, 2}) {
         QAction* prog = aktion(QStringLiteral("ProgMenu(%1)").arg(i));
         prog->setEnabled(true);

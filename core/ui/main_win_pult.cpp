@@ -1,4 +1,4 @@
-// Part 3.2: the mouse, the keys and the edit menu on the track plan `Pult`.
+// The mouse, the keys and the edit menu on the track plan `Pult`.
 #include "core/ui/main_win.h"
 
 #include "core/element_katalog.h"
@@ -61,7 +61,7 @@ void MainWin::pultZeigerSetzen()
     ZellenGrid* pult = bereich_->Pult;
     switch (editor_->zeiger) {
     case PultZeiger::Radierer: {
-        // The original's custom pointer 99: the eraser itself, half size.
+        // The custom pointer 99: the eraser itself, half size.
         const QPixmap radierer(KonfPfad() + katalog_.ElementTab(editor_->ElementAusw).Bmp);
         if (radierer.isNull())
             pult->setCursor(Qt::PointingHandCursor);
@@ -84,7 +84,7 @@ void MainWin::pultZeigerSetzen()
 void MainWin::Pult_MouseDown(int x, int y)
 {
     editor_->setzeAktuell(x, y);
-    // Part 2.4: the pick of a single module on the locked plan.
+    // The pick of a single module on the locked plan.
     if (EditMode == Gleisplan && anlage_.PultOpt.PultOptGPLocked && ProgAuswWartet) {
         ProgX = x;
         ProgY = y;
@@ -113,7 +113,7 @@ void MainWin::Pult_MouseUp_Links()
 
 void MainWin::Pult_MouseUp_Rechts(int x, int y)
 {
-    // Rotation works in view 1 only (spec-notes 3.x).
+    // Rotation works in view 1 only.
     if (EditMode != Gleisplan || anlage_.PultOpt.PultOptGPLocked)
         return;
     editor_->Pult_RechtsKlick(x, y);

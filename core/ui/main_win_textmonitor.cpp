@@ -1,4 +1,4 @@
-// Part 2.6: the text monitor frmMonitor beside the live monitor view.
+// The text monitor frmMonitor beside the live monitor view.
 #include "core/ui/main_win.h"
 
 #include "loconet/open_com.h"

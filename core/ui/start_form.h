@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.1 step 3: the splash form Start_Form with InfoLbl and StartBut.
+// The splash form Start_Form with InfoLbl and StartBut.
 
 #include <QDialog>
 
@@ -15,7 +15,7 @@ public:
     explicit Start_Form(QWidget* parent = nullptr);
 
     // Shows the form and waits until the user presses StartBut. Closing the
-    // window counts as StartBut, its only button (spec-notes "Waits on a flag").
+    // window counts as StartBut, its only button.
     void warteAufStart();
 
 private:
