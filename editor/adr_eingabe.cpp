@@ -1,4 +1,4 @@
-// Part 3.4 AdrEingabe with spec-notes 3.4.
+// AdrEingabe: the address entry of the address view.
 #include "editor/adr_eingabe.h"
 
 #include "config/clear_modul.h"

@@ -1,11 +1,11 @@
 #pragma once
-// Part 3.4 AdrEingabe: the addresses of an accessory, or the address and
+// AdrEingabe: the addresses of an accessory, or the address and
 // article number of a receiver, typed in for one cell. Widget-free form
 // state and handlers; editor/ui/adr_eingabe_dialog.h binds the widgets.
 // Controls: AdrLbl(0..2) and AdrTxt(0..2) (the receiver uses AdrTxt(0) for
 // "Moduladresse:"), ArtNrCb, EingangOpt(0) "Eingang 1" and EingangOpt(1)
-// "Eingang 2" (our names: the spec does not name the input choice, shown for
-// article 47240), OK_But, Abbruch_But.
+// "Eingang 2" (the input choice, shown for article 47240), OK_But,
+// Abbruch_But.
 
 #include "core/check_wert.h"
 #include "core/vb_zahlen.h"
@@ -45,7 +45,7 @@ struct AdrFelder {
 // 841, which have Uni_Adr).
 std::optional<AdrFelder> AdrEingabeFelder(int typ);
 
-// spec-notes 3.4: where field `feld` (0..2) of an accessory of type `typ`
+// Where field `feld` (0..2) of an accessory of type `typ`
 // stores: XY_ADR1, XY_ADR2 (521/522: XY_ADR3), XY_ADR3.
 Integer& AdrFeldZiel(XY_Typ& zelle, int typ, int feld);
 
@@ -96,7 +96,7 @@ bool EmpfaengerEintragen(Anlage& anlage, Zellanzeige& anzeige, int x, int y, Lon
 // second input left alone becomes an empty cell of its element.
 void SensorPaarLoesen(Anlage& anlage, Zellanzeige& anzeige, int x, int y);
 
-// OK: stores the fields by type (Part 3.4's table, spec-notes 3.4). A
+// OK: stores the fields by type (as AdrFeldZiel tells). A
 // receiver gets XY_LNCV(0) and XY_ArtNr; a changed article makes a new
 // module (XY_Version 0 and Clear_Modul, which presets the general values by
 // set_modul_optionen). Sets PultGeaendert and redraws by SetzeText.

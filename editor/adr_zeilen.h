@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.4 set_PultAdr: the two text rows under a cell's picture in `PultAdr`.
+// set_PultAdr: the two text rows under a cell's picture in `PultAdr`.
 
 #include <QString>
 

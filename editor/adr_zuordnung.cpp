@@ -1,4 +1,4 @@
-// Part 3.4 PultAdr_MouseDown and Get_Adr_from_LN (view 2), with spec-notes 3.4.
+// PultAdr_MouseDown and Get_Adr_from_LN (view 2).
 #include "editor/adr_zuordnung.h"
 
 #include "config/clear_modul.h"
@@ -111,7 +111,7 @@ void PultAdrMaus::PultAdr_MouseDown(int x, int y)
         }
         const std::optional<AdrFelder> felder = AdrEingabeFelder(typ);
         if (!felder)
-            return; // an empty cell, a track, or a controller (Uni_Adr, Part 7.1, is not built yet)
+            return; // an empty cell, a track, or a controller (Uni_Adr is not built yet)
         if (AdrAusBus) {
             if (felder->empfaenger != (AdrArt == BusMeldung::Empfaenger))
                 return; // the address waits for a cell of its kind

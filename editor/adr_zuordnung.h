@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.4: the address view's mouse and bus: PultAdr_MouseDown, and the
+// The address view's mouse and bus: PultAdr_MouseDown, and the
 // view-2 half of Get_Adr_from_LN that offers a received address for
 // assignment with the mouse. Widget-free: dialogs, questions and redraws go
 // through AdrAnzeige, messages through Benutzer, the bus through the link.
@@ -34,7 +34,7 @@ public:
     virtual void beschaeftigt(bool an) = 0;
 };
 
-// The texts of Part 3.4, exactly.
+// The texts, exactly.
 inline const QString AdrFrageTitel = QStringLiteral("Adresszuordnung mit der Maus");
 // The question for a received report; line breaks after " empfangen:  " and
 // after the second piece (our choice).
@@ -51,7 +51,7 @@ QString RichtungText(int richtung);
 bool RichtungPasst(int typ, int richtung);
 
 // The articles a module of unknown type may answer to (tenth of the number),
-// in the order of spec-notes 3.4.
+// in the order in which they are asked.
 inline constexpr Long SuchArtikel[] = {4722, 4723, 4712, 4724, 5330, 4713, 4719};
 
 class PultAdrMaus {
@@ -65,7 +65,7 @@ public:
     // dialog or a bus exchange of this view is open is dropped: one question
     // at a time.
     void Get_Adr_from_LN(const BusMeldung& m);
-    // The flags of the selection by mouse cleared (Part 3.3 ChangeEditMode).
+    // The flags of the selection by mouse cleared (on entering the view).
     void flagsLoeschen();
 
     bool AdrAusBus = false;
@@ -78,13 +78,13 @@ public:
     int Sensor2X = 0, Sensor2Y = 0;
 
 private:
-    // Step 2: the click chooses the cell of input 1 for Sensor2X, Sensor2Y.
+    // The click chooses the cell of input 1 for Sensor2X, Sensor2Y.
     void sensor2Verbinden(int x, int y);
-    // Step 3: the receiver on the bus is put into the cell; true when stored.
+    // The receiver on the bus is put into the cell; true when stored.
     bool empfaengerVomBus(int x, int y, int typ);
-    // Step 4: the accessory address into the cell; true when stored.
+    // The accessory address into the cell; true when stored.
     bool magnetartikelVomBus(int x, int y, int typ);
-    // Step 6.
+    // The cell drawn again, the flags cleared, the project marked changed if it was.
     void neuZeichnen(int x, int y, bool geaendert);
 
     Anlage& anlage_;

@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.3: the four views of the panel and what the menus allow in each.
+// The four views of the panel and what the menus allow in each.
 // Widget-free: the main window applies these states to its menus.
 
 #include <QString>

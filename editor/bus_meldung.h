@@ -1,6 +1,6 @@
 #pragma once
-// Parts 3.4 / 3.6 Get_Adr_from_LN, first half: what a completed row of the
-// reception table (Part 2.2) tells the address view and the live monitor.
+// Get_Adr_from_LN, first half: what a completed row of the
+// reception table tells the address view and the live monitor.
 // The views decide what to do with it; this only reads the bytes.
 
 #include "core/vb_zahlen.h"
@@ -12,12 +12,12 @@ class Empfang;
 struct BusMeldung {
     enum Art { Keine, Empfaenger, Magnetartikel };
     Art art = Keine;
-    // Empfaenger: the receiver, (b3 AND 31) × 128 + b4 (spec-notes 3.x).
+    // Empfaenger: the receiver, (b3 AND 31) × 128 + b4.
     // Magnetartikel: b1 + (b2 AND 15) × 128 + 1.
     Long adresse = 0;
     // Empfaenger: byte 3, whose bits 5 and 6 tell the kind and direction.
     Integer status = 0;
-    // Empfaenger: the locomotive, b5 × 128 + b6 (spec-notes 3.x).
+    // Empfaenger: the locomotive, b5 × 128 + b6.
     Long lok = 0;
     // Magnetartikel: bit 5 of byte 2, the position (1 green, 0 red).
     Integer zustand = 0;

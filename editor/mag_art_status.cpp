@@ -15,8 +15,8 @@ const QString Hauptsignal = QStringLiteral("Hauptsignal: ");
 const QString Vorsignal = QStringLiteral("Vorsignal: ");
 const QString Rangiersignal = QStringLiteral("Rangiersignal: ");
 
-// What each of XY_ADR1..3 stands for in an element of this type (Part 3.4's
-// AdrEingabe fields, spec-notes: 521/522 keep the shunting head in XY_ADR3).
+// What each of XY_ADR1..3 stands for in an element of this type (the
+// AdrEingabe fields; 521/522 keep the shunting head in XY_ADR3).
 std::array<QString, 3> Beschriftung(int typ)
 {
     if (typ == 501 || typ == 502)

@@ -1,9 +1,9 @@
 #pragma once
-// Part 3.6 MagArtStatus ("Magnetartikel Status"): a state set by hand for one
+// MagArtStatus ("Magnetartikel Status"): a state set by hand for one
 // address of an accessory. Widget-free form state; the dialog binds the
 // option buttons StatOpt(0..1) in the frame "Status:" and AdrOpt(1..3) in
 // the frame "Adresse 1 oder 2:". AdrOpt(i) stands for XY_ADRi of the cell,
-// so Part 6 (Magadr_Maus_Ausw) uses the same state with its own labels.
+// so the route editor (Magadr_Maus_Ausw) uses the same state with its own labels.
 
 #include "core/feld.h"
 #include "core/vb_zahlen.h"

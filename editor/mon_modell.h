@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.6: what the grid `Mon` shows of the panel. Each cell holds what the
+// What the grid `Mon` shows of the panel. Each cell holds what the
 // monitor drew into it (set_mon, set_mon_mag, a train report): a picture, a
 // text and its font and alignment. A cell the monitor has not drawn yet
 // shows the element's monitor picture `BmpAusw`.
@@ -13,7 +13,7 @@ struct MonZelle {
     QString bild;           // file name in KonfPfad; empty: no picture
     QString text;
     ZellSchrift schrift;    // empty name: the grid's own font
-    int ausrichtung = 9;    // flex-grid alignment code (spec-notes 3.x)
+    int ausrichtung = 9;    // flex-grid alignment code
     bool operator==(const MonZelle&) const = default;
 };
 

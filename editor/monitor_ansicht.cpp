@@ -13,7 +13,9 @@ namespace planor {
 
 namespace {
 
-// Part 2.3 Concurrency: the pause after each Ask_Navik.
+// The pause after each Ask_Navik: it does not wait for its answer, and the
+// next query clears the table and discards input, so the report needs time
+// to arrive.
 constexpr double AskNavikPause = 0.02;
 
 bool zwischen(int typ, int von, int bis) { return typ >= von && typ <= bis; }
@@ -34,7 +36,7 @@ QString MonitorBild(const Anlage& anlage, const Elementkatalog& katalog, const F
     const XY_Typ& z = anlage.XY(x, y);
     const ElementTab_Typ& e = katalog.ElementTab(z.XY_Element);
     const int typ = e.Typ;
-    // spec-notes 3.x: B is Bmp up to and including its first "_" (none: empty, as Left(Bmp, 0)).
+    // B is Bmp up to and including its first "_" (none: empty, as Left(Bmp, 0)).
     const qsizetype strich = e.Bmp.indexOf(u'_');
     const QString B = e.Bmp.left(strich + 1);
     // A head the cell has no address for counts as red.
@@ -49,7 +51,7 @@ QString MonitorBild(const Anlage& anlage, const Elementkatalog& katalog, const F
             return B + (s == 0 ? QStringLiteral("rr") : QStringLiteral("rg")) + bmp;
         const QString a = Buchstabe(S(z.XY_ADR1) ^ z.XY_STATTAUSCH1);
         const QString b = Buchstabe(S(z.XY_ADR2) ^ z.XY_STATTAUSCH2);
-        // Part 3.6: XY_ADRTAUSCH swaps the letters of 201..299 only; 301..399 stay as they are.
+        // XY_ADRTAUSCH swaps the letters of 201..299 only; 301..399 stay as they are.
         if (typ <= 299 && z.XY_ADRTAUSCH != 0)
             return B + b + a + bmp;
         return B + a + b + bmp;

@@ -1,9 +1,9 @@
 #pragma once
-// Part 3.6: the live monitor view. Widget-free: the procedures draw into the
+// The live monitor view. Widget-free: the procedures draw into the
 // grid's model `MonModell` and talk to the bus through the link's exchanges
-// of Part 2.3 (Read_Mag, SendMag, Ask_Navik), waiting on the link's clock.
-// The tables MagZelle, MagStatus and NavikStatus are indexed as the original
-// declares them; an address outside raises run-time error 9.
+// (Read_Mag, SendMag, Ask_Navik), waiting on the link's clock.
+// The tables MagZelle, MagStatus and NavikStatus are indexed by bus address
+// with fixed bounds; an address outside raises run-time error 9.
 
 #include "core/feld.h"
 #include "core/vb_zahlen.h"
@@ -36,7 +36,7 @@ struct NavikEintrag {
 // monitor asks them by Ask_Navik and shows their reports.
 bool IstMonitorEmpfaenger(Long artNr);
 
-// The state picture of Part 3.6's table for cell (x, y) when `zustand` was
+// The state picture for cell (x, y) when `zustand` was
 // reported for one of its addresses, with S1..S3 from `MagStatus`; empty
 // when the type has none.
 QString MonitorBild(const Anlage& anlage, const Elementkatalog& katalog, const Feld<Long, 1, MaxMagAdresse>& MagStatus,
@@ -50,7 +50,8 @@ public:
     Feld<Long, 1, MaxMagAdresse> MagStatus;
     Feld<NavikEintrag, 1, MaxNavikAdresse> NavikStatus;
 
-    // Step 1 for every cell, step 2 when `link` (the open port) is given.
+    // Every cell drawn; the states read from the bus when `link` (the open
+    // port) is given.
     void Show_Monitor(LocoNetLink* link);
     void set_mon(int x, int y);
     void set_mon_mag(Long adresse, Integer zustand);

@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.6: the palette `Elemente`, 8 columns, filled from the top left in
+// The palette `Elemente`, 8 columns, filled from the top left in
 // catalogue order with the entries marked for the palette.
 
 #include <QAbstractTableModel>

@@ -1,5 +1,5 @@
 #pragma once
-// Parts 3.1 and 3.2: placing, deleting, rotating, the selection, the
+// Placing, deleting, rotating, the selection, the
 // clipboard and the one step of undo on the track plan `Pult`. Widget-free:
 // the grid widgets call these procedures and repaint what they report.
 
@@ -16,7 +16,7 @@ namespace planor {
 class Benutzer;
 class Elementkatalog;
 
-// The mouse pointer of `Pult` (Part 3.2 Elemente_Click).
+// The mouse pointer of `Pult` (set by Elemente_Click).
 enum class PultZeiger { Standard, Radierer, Pfeil, Kreuz };
 
 class PultEditor : public QObject, public Zellanzeige {
@@ -33,12 +33,12 @@ public:
     int aktY() const { return aktY_; }
     void setzeAktuell(int x, int y);
 
-    // Part 3.1.
+    // Placing elements and drawing cells.
     void SetzePultElement(int index);
     void SetzeText(int x, int y) override;
     void LNCV_uebernehmen(int x, int y);
 
-    // Part 3.2.
+    // The mouse and the selection on the plan.
     void Elemente_Click(int index);
     // A left click on a data cell in view 1 of an unlocked plan.
     void Pult_LinksKlick(int x, int y);
@@ -52,7 +52,7 @@ public:
     void ElementDrehen();
     void Element_Loeschen(int x, int y);
 
-    // Editing state of Part 3.2 (not saved).
+    // Editing state (not saved).
     Integer ElementAusw = 0;
     bool MarkenMode = false;
     PultZeiger zeiger = PultZeiger::Standard;
@@ -66,7 +66,7 @@ public:
     Integer UndoGueltig = 0;  // -1 when valid
     XY_Typ XY_Alt;
     bool EleDrehenMoeglich = false;  // EleDrehenMenu enabled
-    // The cell last clicked on a module, for the configuration (Part 4.1).
+    // The cell last clicked on a module, for the configuration.
     int AuswX = 0, AuswY = 0;
 
     XY_Typ& XY_Clip(int i, int j) { return (*XY_Clip_)(i, j); }
@@ -81,7 +81,7 @@ signals:
     // Status line 1 or 2 of the main window.
     void infoText(int feld, const QString& text);
     void undoMenuFreigeben(bool frei);
-    // A click on a module: NavikKonf(XY_BETR, False) of Part 4.1.
+    // A click on a module: NavikKonf(XY_BETR, False).
     void modulKonfigurieren(int x, int y, int betriebsart);
 
 private:

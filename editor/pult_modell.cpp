@@ -110,7 +110,7 @@ QVariant PultAdrModell::data(const QModelIndex& index, int role) const
         return {};
     const int x = index.column() + 1, y = index.row() / 3 + 1;
     if (index.row() % 3 != 0) {
-        // Part 3.4 set_PultAdr: accessory addresses in row 3y-1, the receiver's in row 3y.
+        // set_PultAdr: accessory addresses in row 3y-1, the receiver's in row 3y.
         if (role == Qt::DisplayRole)
             return index.row() % 3 == 1 ? AdrZeileMagnetartikel(anlage_, katalog_, x, y)
                                         : AdrZeileEmpfaenger(anlage_, katalog_, x, y);

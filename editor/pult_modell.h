@@ -1,7 +1,7 @@
 #pragma once
-// Part 3.1: what the three grids show of the panel, as table models that the
+// What the three grids show of the panel, as table models that the
 // grid views paint. Row r, column c of a model is the panel cell (c+1, r+1);
-// the fixed first row and column of the original grids are the views' headers.
+// the grids' fixed first row and column are the views' headers.
 
 #include <QAbstractTableModel>
 #include <QHash>
@@ -16,7 +16,7 @@ class PultEditor;
 enum ZellRolle {
     // The bitmap file name (in KonfPfad) of the cell's picture; empty for none.
     BildRolle = Qt::UserRole + 1,
-    // A ZellSchrift for a cell whose text has a font of its own (Part 3.6 set_mon).
+    // A ZellSchrift for a cell whose text has a font of its own (set_mon).
     SchriftRolle,
 };
 
@@ -29,8 +29,8 @@ struct ZellSchrift {
     bool operator==(const ZellSchrift&) const = default;
 };
 
-// Qt alignment for the flex-grid alignment codes of TextAusrichtung
-// (spec-notes 3.x): 0 left-top ... 8 right-bottom, 9 general (left-centre).
+// Qt alignment for the flex-grid alignment codes of TextAusrichtung:
+// 0 left-top ... 8 right-bottom, 9 general (left-centre).
 Qt::Alignment Ausrichtung(int code);
 
 // The grid `Pult`: the track plan, picture and text per cell.
@@ -49,7 +49,7 @@ public:
     void init_flexgrid();
     // A cell is to be drawn again.
     void zelleNeu(int x, int y);
-    // Part 2.4: the marked cell shows another picture while it blinks.
+    // The marked cell shows another picture while it blinks.
     void setzeBildErsatz(int x, int y, const QString& bild);
 
 protected:
@@ -61,7 +61,7 @@ private:
 };
 
 // The grid `PultAdr`: three rows a panel row, the picture in row 3y-2 and
-// two text rows below it (Part 3.4: accessory addresses, receiver address).
+// two text rows below it (accessory addresses, receiver address).
 class PultAdrModell : public QAbstractTableModel {
     Q_OBJECT
 
@@ -77,9 +77,9 @@ public:
     void zelleNeu(int x, int y);
     // Beschrifte_Spalte_0: the two address rows get their labels (view 2).
     void Beschrifte_Spalte_0();
-    // Part 3.4 set_PultAdr: the cell's two text rows are written again.
+    // set_PultAdr: the cell's two text rows are written again.
     void set_PultAdr(int x, int y);
-    // Part 3.4 Show_LNCV_in_PultAdr: the labels, then every cell's text rows.
+    // Show_LNCV_in_PultAdr: the labels, then every cell's text rows.
     void Show_LNCV_in_PultAdr();
 
     static constexpr int BildZeilenHoehe = 54;

@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.2 TauschForm: the swap markers of a turnout or signal with two
+// TauschForm: the swap markers of a turnout or signal with two
 // addresses (XY_STATTAUSCH1, XY_STATTAUSCH2, XY_ADRTAUSCH). Widget-free
 // form state and handlers; the dialog binds the three check boxes.
 

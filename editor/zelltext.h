@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.1 SetzeText's table: the text under a cell's picture.
+// SetzeText's table: the text under a cell's picture.
 
 #include <QString>
 

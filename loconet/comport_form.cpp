@@ -73,7 +73,7 @@ int IntOptAusEinstellungen(const Einstellungen& e)
 
 void IntOptUebernehmen(int index, Einstellungen& e)
 {
-    // Part 2.1: LocoNetInterface = IntOpt(1) or IntOpt(2), USBInterface = IntOpt(2).
+    // LocoNetInterface = IntOpt(1) or IntOpt(2), USBInterface = IntOpt(2).
     e.LocoNetInterface = index == IntOptAdapter || index == IntOptUsb;
     e.USBInterface = index == IntOptUsb;
     e.Verbindung = index == IntOptLbServer     ? Verbindungsart::LbServer
@@ -149,7 +149,7 @@ void USB_But_Click(ComPort_Form& form, const QList<PortEintrag>& ports, Benutzer
         benutzer.meldung(QStringLiteral("Achtung"), KeinUsbInterfaceTxt, Symbol::Ausruf);
         return;
     }
-    // Several: the fields stay as they are; the list names the devices (spec-notes 2.1).
+    // Several: the fields stay as they are; the list names the devices.
     QStringList liste;
     for (const PortEintrag& fund : funde)
         liste << portAngabe(fund);

@@ -1,12 +1,12 @@
 #pragma once
-// Part 2.1: the forms ComPortForm and Erststart as a widget-free form state
-// and the spec's handlers over it. The dialogs (loconet/ui/comport_dialog.h)
+// The forms ComPortForm and Erststart as a widget-free form state
+// and the forms' handlers over it. The dialogs (loconet/ui/comport_dialog.h)
 // only bind widgets to this state.
 //
-// Both forms hold the connection frame: IntOpt(0..2) as Part 2.1's table,
-// and the extension's IntOpt(3) (LocoNet over TCP) and IntOpt(4)
-// (simulation); ComPortNr_Txt, a device chosen from the system's ports
-// (spec-notes 2.1), the LbServer's host and port.
+// Both forms hold the connection frame: IntOpt(0..2) for the three serial
+// interfaces, and the extension's IntOpt(3) (LocoNet over TCP) and IntOpt(4)
+// (simulation); ComPortNr_Txt, a device chosen from the system's ports, the
+// LbServer's host and port.
 
 #include "core/check_wert.h"
 #include "core/vb_zahlen.h"
@@ -37,7 +37,7 @@ inline constexpr int IntOptLbServer = 3;
 inline constexpr int IntOptSimulation = 4;
 QString IntOptText(int index);
 
-// Check_Wert's limits: ComPort 1 to 255 (Part 2.1), the TCP port's 65535.
+// Check_Wert's limits: ComPort 1 to 255, the TCP port's 65535.
 inline constexpr double ComPortMax = 255;
 inline constexpr double TcpPortMax = 65535;
 
@@ -46,7 +46,7 @@ inline const QString KeinUsbInterfaceTxt = QStringLiteral("Es wurde kein Morvik-
 inline const QString MehrereUsbInterfaceTxt =
     QStringLiteral("Es gibt mehrere mögliche ComPorts mit einem Morvik-USB-Interface!");
 
-// The table of Part 2.1 and its extension: the selection on showing, and
+// The interface options and their extension: the selection on showing, and
 // the settings on confirming.
 int IntOptAusEinstellungen(const Einstellungen& einstellungen);
 void IntOptUebernehmen(int index, Einstellungen& einstellungen);
@@ -78,16 +78,16 @@ struct ComPortUmgebung {
     std::function<void()> Save_conf;
 };
 
-// Step 1, on showing: the title kept aside, the selection and the fields
+// On showing: the title kept aside, the selection and the fields
 // from the settings.
 void Form_Activate(ComPort_Form& form, const Einstellungen& einstellungen, const QString& titel);
-// Step 2: Check_Wert with limit 255 on ComPortNr_Txt (and 65535 on the TCP
+// Check_Wert with limit 255 on ComPortNr_Txt (and 65535 on the TCP
 // port): the field red, the title " --- Wert zu groß !! ---", OK disabled.
 void ComPortNr_Txt_Change(ComPort_Form& form);
 void TcpPort_Txt_Change(ComPort_Form& form);
 // A click on IntOpt(index); USB_But follows it.
 void IntOpt_Click(ComPort_Form& form, int index);
-// Step 3: the port closed if open, the values taken over, Planor.CFG written.
+// The port closed if open, the values taken over, Planor.CFG written.
 // False (nothing done) while a value is refused.
 bool OK_But_Click(const ComPort_Form& form, Einstellungen& einstellungen, const ComPortUmgebung& umgebung);
 // USB_But: the search among the system's ports. One find is taken over

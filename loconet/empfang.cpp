@@ -11,7 +11,7 @@ struct Erfassung {
     int laenge;
 };
 
-// Part 2.2's table: capture lengths are fixed per first byte, whatever the
+// Capture lengths are fixed per first byte, whatever the
 // message's own length byte says.
 bool erfassung(quint8 b, Erfassung& e)
 {

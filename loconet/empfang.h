@@ -1,5 +1,5 @@
 #pragma once
-// Part 2.2 empfang: the bytes from the port through both framings, byte by
+// empfang: the bytes from the port through both framings, byte by
 // byte — the monitor framing (whole messages for the text monitor) and the
 // row capture into the reception table for the waiting callers. One pure
 // framer fed by every transport.
@@ -44,7 +44,7 @@ public:
     // Monitor_Aktiv: complete messages of the monitor framing go to decode_ln_mes.
     bool Monitor_Aktiv = false;
     std::function<void(const QByteArray&)> decode_ln_mes;
-    // Each completed row goes to Get_Adr_from_LN (Parts 3.4, 3.6).
+    // Each completed row goes to Get_Adr_from_LN.
     std::function<void(int zeile)> Get_Adr_from_LN;
 
 private:

@@ -1,8 +1,8 @@
 #pragma once
-// Part 2.2: the link to the bus — the transport, the framer and reception
+// The link to the bus — the transport, the framer and reception
 // table, `send` with its checksum, CTS gating and 5 s limit, `send_str`, and
-// the clock every wait runs on. One link per program; the exchanges of
-// Part 2.3 and later compose into it and poll its table.
+// the clock every wait runs on. One link per program; the LNCV exchange
+// and everything above it compose into it and poll its table.
 
 #include "core/vb_zahlen.h"
 #include "loconet/empfang.h"
@@ -33,10 +33,10 @@ public:
     bool istOffen() const;
     void schliessen();
 
-    // With the command-station kind every byte waits for CTS (Part 2.2).
+    // With the command-station kind every byte waits for CTS.
     bool ctsBeachten = false;
     // While set, the transport's bytes go here instead of through `empfang`
-    // (spec-notes 2.1: the command-station negotiation reads its own answers).
+    // (the command-station negotiation reads its own answers).
     std::function<void(const QByteArray&)> umleitung;
 
     // send: the bytes of the buffer, then the checksum; err 1 when the 5 s

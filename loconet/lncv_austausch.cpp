@@ -11,14 +11,14 @@ namespace planor {
 
 namespace {
 
-// Part 2.2's waiting pattern: the row flagged with the expected first byte
+// How every exchange waits: the row flagged with the expected first byte
 // within the limit; the table is re-read after every event.
 bool warteAuf(LocoNetLink& link, int zeile, quint8 ersterByte, double grenze)
 {
     return link.uhr().warten(grenze, [&] { return link.empfang().da(zeile, ersterByte); });
 }
 
-// Part 2.3: positions 7 and 8 of the answer stay coded and are compared with
+// Positions 7 and 8 of the answer stay coded and are compared with
 // the coded request bytes. Do not mend: an article with bit 7 set in either
 // byte matches because both sides are coded.
 bool artikelPasst(const Empfang& e, const QByteArray& anfrage)
@@ -100,7 +100,7 @@ void Read_Lncv(LocoNetLink& link, Long artikel, Long lncv, Long& wert, Long& err
         const QByteArray anfrage = Read_Lncv_Nachricht(artikel, lncv);
         Empfang& e = link.empfang();
         for (int versuch = 1; versuch <= Lncv_Versuche; ++versuch) {
-            // Part 2.3: Read_Lncv discards input in each try, just before sending.
+            // Read_Lncv discards input in each try, just before sending.
             e.tabelleLoeschen();
             link.eingangVerwerfen();
             link.send(anfrage, err);
@@ -246,7 +246,7 @@ void Get_Navik_Version(LocoNetLink& link, Benutzer& benutzer, Anlage& anlage, in
         case 47230: break;
         default: return;
         }
-        // Step 6: the default when nothing could be read.
+        // The default when nothing could be read.
         auto standard = [&] { zelle.XY_Version = artNr == 5330 ? 2 : 1; };
 
         if (!link.istOffen()) {
@@ -277,7 +277,7 @@ void Get_Navik_Version(LocoNetLink& link, Benutzer& benutzer, Anlage& anlage, in
         // The session ends whatever the read gave; its own result is not used.
         Long errOff = ProgOK;
         Prog_Off(link, artikel, adresse, errOff);
-        // spec-notes 2.3: an unreadable LNCV 16 gives step 6's default.
+        // An unreadable LNCV 16 gives the default.
         if (err != ProgOK) {
             standard();
             return;

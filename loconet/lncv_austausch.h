@@ -1,11 +1,11 @@
 #pragma once
-// Part 2.3: the LNCV exchange — the operations by which the program talks to
+// The LNCV exchange — the operations by which the program talks to
 // one module or accessory over the link: session start and end, reading and
 // writing one LNCV, a turnout's state, switching a turnout, a simulated
 // feedback input, the NAVIK report query, and the firmware generation of a
 // module. Each composes its message (nachricht.h), sends it with the link's
 // `send` and, where an answer is awaited, polls the reception table on the
-// link's clock within the spec's tries and limits. Results are the `err`
+// link's clock within the tries and limits below. Results are the `err`
 // codes below, never exceptions; every operation carries the guard
 // "LocoNet : <Procedure>".
 //
@@ -23,13 +23,13 @@ class Anlage;
 class Benutzer;
 class LocoNetLink;
 
-// The result codes of `err` (Part 2.3).
+// The result codes of `err`.
 inline constexpr Long ProgOK = 0;             // success
 inline constexpr Long ProgSendeFehler = 1;    // `send` could not finish
 inline constexpr Long ProgKeineAntwort = 2;   // no valid answer within all tries
 inline constexpr Long ProgAbgelehnt = 3;      // the module refused
 
-// Tries and waits per try, in seconds (Part 2.3's table).
+// Tries and waits per try, in seconds.
 inline constexpr int Prog_On_Versuche = 5;
 inline constexpr double Prog_On_Wartezeit = 0.2;
 inline constexpr int Lncv_Versuche = 10;        // Read_Lncv, Prog_Lncv, Read_Mag
@@ -77,7 +77,7 @@ QString ProgFehlerText(Long code);
 // Programmieren eines Moduls", stop icon, "Fehler:", a line break, the text.
 void prog_error_meldung(Benutzer& benutzer, Long code);
 
-// Decides XY_Version of the module at cell (x, y) (Part 2.3 steps 1–6). The
+// Decides XY_Version of the module at cell (x, y). The
 // article comes from the cell's XY_ArtNr, the address from its XY_LNCV(0).
 void Get_Navik_Version(LocoNetLink& link, Benutzer& benutzer, Anlage& anlage, int x, int y);
 

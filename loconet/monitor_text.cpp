@@ -6,7 +6,7 @@ namespace planor {
 
 namespace {
 
-// Part 2.6 "A bad message produces text from what it holds": a byte the
+// A bad message still produces text from what it holds: a byte the
 // message does not have reads as 0.
 class Bytes {
 public:
@@ -54,7 +54,7 @@ QString rotGruen(int b)
     return bit(b, 5) ? QStringLiteral("grün") : QStringLiteral("rot");
 }
 
-// Part 2.6 with spec-notes: receiver = (b3 AND 31) x 128 + b4, locomotive = b5 x 128 + b6.
+// Receiver = (b3 AND 31) x 128 + b4, locomotive = b5 x 128 + b6.
 QString NavikText(const Bytes& b)
 {
     if (b[1] != 8)
@@ -112,12 +112,12 @@ QString decode_ln_mes(MonitorZustand& z, const QByteArray& nachricht)
 {
     if (nachricht.isEmpty())
         return {};
-    // Step 2: the text table is not used at all.
+    // In hex mode the text table is not used at all.
     if (z.Hex_Ausgabe)
         return MonitorHex(nachricht);
 
     const Bytes b(nachricht);
-    // Spec-notes "Numbers inside texts": in Part 2.6 every number goes
+    // Every number inside a text goes
     // through Str, so "Slot " b2 gives "Slot  16".
     switch (b[0]) {
     case 0x81:
@@ -164,7 +164,7 @@ QString decode_ln_mes(MonitorZustand& z, const QByteArray& nachricht)
             + QStringLiteral(", Geschw.") + Str(b[5]) + QStringLiteral(" ,") + RichtungF0bisF4(b[6]) + F5bisF8(b[10]);
     }
     default:
-        // Step 4: an opcode outside the table.
+        // An opcode outside the table.
         return z.Ascii_Hex ? QStringLiteral("HEX: ") + MonitorHex(nachricht) : QString();
     }
 }

@@ -1,6 +1,6 @@
 #pragma once
-// Part 2.6: the text monitor's formatter. Turns one complete message of the
-// monitor framing (Part 2.2) into the German text the monitor shows; the
+// The text monitor's formatter. Turns one complete message of the
+// monitor framing into the German text the monitor shows; the
 // window, the CLI and the trace only show what comes out of here.
 
 #include "core/vb_zahlen.h"
@@ -33,7 +33,7 @@ struct MonitorZustand {
     Long Lokadresse(int slot) const;
 };
 
-// decode_ln_mes, steps 2 to 4: `nachricht` is one complete message with its
+// decode_ln_mes: `nachricht` is one complete message with its
 // checksum. Returns the text to show; empty shows nothing. Changes the state
 // (Slot_Tab at 0xE7, Letzte_Anfrage at 0xBC and 0xB4).
 QString decode_ln_mes(MonitorZustand& zustand, const QByteArray& nachricht);
@@ -46,17 +46,17 @@ QString MonitorHex(const QByteArray& nachricht);
 QStringList ZeilenUmbruch(const QString& text);
 
 // The lines one text gives in the view: with Hex_Ausgabe the hex line is
-// appended whole (step 2), any other text goes through ZeilenUmbruch.
+// appended whole, any other text goes through ZeilenUmbruch.
 QStringList MonitorZeilen(bool hexAusgabe, const QString& text);
 
-// Step 1: a view of more than 5000 characters keeps its last 4900 (the
+// A view of more than 5000 characters keeps its last 4900 (the
 // caller then sets Zeilen to 0); a shorter one comes back unchanged.
 inline constexpr int MonitorHoechstZeichen = 5000;
 inline constexpr int MonitorBehalteneZeichen = 4900;
 QString MonitorKappen(const QString& ansicht);
 
-// Step 6: one trace line without its line end: the time of day in seconds as
-// "000000,000" (German decimal comma, spec-notes), " - ", the text.
+// One trace line without its line end: the time of day in seconds as
+// "000000,000" (German decimal comma), " - ", the text.
 QString TraceZeile(QTime zeit, const QString& text);
 
 } // namespace planor

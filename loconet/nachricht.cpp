@@ -69,7 +69,7 @@ QByteArray Prog_On_Nachricht(Long artikel, Long adresse)
 
 QByteArray Prog_Off_Nachricht(Long artikel, Long adresse)
 {
-    // Part 2.3: the opcode here is 0xE5, not 0xED.
+    // The opcode here is 0xE5, not 0xED.
     return LNCV_Nachricht(OPC_PEER_XFER, LNCV_LESEN, artikel, 0, adresse, SITZUNG_ENDE);
 }
 

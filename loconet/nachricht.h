@@ -1,5 +1,5 @@
 #pragma once
-// Parts 2.2 and 2.3: the messages the program composes, as the bytes of the
+// The messages the program composes, as the bytes of the
 // send buffer (without the checksum, which `send` adds), and the helpers
 // around them. Pure functions: one test per message pins every byte.
 
@@ -21,7 +21,7 @@ QString hex_$(long long wert);
 // The article number on the wire: XY_ArtNr divided by 10, 5330 unchanged.
 Long DrahtArtikel(Long artNr);
 
-// The LNCV message (Part 2.3), PXCT-coded, bytes 0 to 13.
+// The LNCV message, PXCT-coded, bytes 0 to 13.
 enum : quint8 { OPC_IMM_PACKET = 0xED, OPC_PEER_XFER = 0xE5, OPC_LONG_ACK = 0xB4, OPC_SW_REQ = 0xB0,
                 OPC_SW_STATE = 0xBC, OPC_INPUT_REP = 0xB2, OPC_SL_RD_DATA = 0xE7, OPC_NAVIK = 0xE4 };
 enum : quint8 { LNCV_LESEN = 0x21, LNCV_SCHREIBEN = 0x20, SITZUNG_START = 0x80, SITZUNG_ENDE = 0x40 };

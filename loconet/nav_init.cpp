@@ -16,7 +16,7 @@ namespace planor {
 
 namespace {
 
-// The last LNCV step 5 clears, and the divisor of step 6's fraction.
+// The last LNCV the initialisation clears, and the divisor of the progress fraction.
 constexpr Long LetzteLncv = 127;
 constexpr Long LncvVersion = 16;  // the firmware version, never written
 constexpr Long LncvKonfig = 15;
@@ -108,7 +108,7 @@ bool NavInitEingabeGueltig(const NavInitForm& f)
 {
     if (!adresseGueltig(f.adr1))
         return false;
-    // spec-notes: for 47320/47330 only address 1 counts.
+    // For 47320/47330 only address 1 counts.
     if (f.universal())
         return true;
     if (f.senOpt == 0)
@@ -122,17 +122,17 @@ NavInitErgebnis NavInit_OK_But_Click(NavInitForm& f, LocoNetVerbindung& verbindu
     Long err = ProgOK;
     const NavInitErgebnis ergebnis =
         geschuetzt("Nav_Init : OK_But_Click", NavInitErgebnis::ProgFehler, [&] {
-            // Step 1.
+            // The entry checked.
             if (!NavInitEingabeGueltig(f)) {
                 benutzer.meldung(EingabeFehlerTitel, EingabeFehlerTxt, Symbol::Kritisch);
                 return NavInitErgebnis::EingabeFalsch;
             }
-            // Step 2.
+            // Only one module may be on the bus: its address is set by broadcast.
             if (!anzeige.frageJaNein(NurEinModulTitel, NurEinModulTxt)) {
                 f.sichtbar = false;
                 return NavInitErgebnis::Verneint;
             }
-            // Step 3. The port stays open whatever happens: the menu frame closes it.
+            // The port stays open whatever happens: the menu frame closes it.
             auto beschaeftigt = [&](bool ja) {
                 f.knoepfeAktiv = !ja;
                 anzeige.beschaeftigt(ja);
@@ -145,10 +145,11 @@ NavInitErgebnis NavInit_OK_But_Click(NavInitForm& f, LocoNetVerbindung& verbindu
                 beschaeftigt(false);
                 return NavInitErgebnis::PortFehler;
             }
-            // Step 4.
+            // The article as the wire carries it.
             const Long artikel = DrahtArtikel(f.artikel());
             const bool universal = f.universal();
-            // Step 5.
+            // The session: addresses, sensor mode and configuration written,
+            // every other LNCV but the version cleared.
             Prog_On(link, artikel, adresse, err);
             if (err == ProgOK)
                 Prog_Lncv(link, artikel, 0, lncvWert(f.adr1), err);
@@ -165,12 +166,12 @@ NavInitErgebnis NavInit_OK_But_Click(NavInitForm& f, LocoNetVerbindung& verbindu
                 for (Long i = 3; i <= LetzteLncv && err == ProgOK; ++i) {
                     if (i != LncvKonfig && i != LncvVersion)
                         Prog_Lncv(link, artikel, i, 0, err);
-                    // Step 6.
+                    // The progress bar.
                     if (err == ProgOK)
                         fortschritt(f, anzeige, i);
                 }
             }
-            // Step 7; on failure a separate result keeps the first err.
+            // The session ends; on failure a separate result keeps the first err.
             Long ende = ProgOK;
             Prog_Off(link, artikel, adresse, ende);
             beschaeftigt(false);

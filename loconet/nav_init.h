@@ -1,6 +1,6 @@
 #pragma once
-// Part 2.5: Nav_Init, "Modul initialisieren", as a widget-free form state and
-// the spec's handlers over it. It gives the only module of its type on the
+// Nav_Init, "Modul initialisieren", as a widget-free form state and
+// the form's handlers over it. It gives the only module of its type on the
 // bus an address and clears it, through a session with the broadcast
 // address 65535. The dialog (loconet/ui/nav_init_dialog.h) and planor-cli
 // init only bind this state; the question, the busy state and the progress
@@ -36,7 +36,7 @@ inline const QString WarnungNavikTobra =
 inline const QString WarnungUniversal =
     QStringLiteral("Achtung: Es darf nur eine Universalsteuerung mit dem LocoNet verbunden sein!");
 
-// Step 1's message and step 2's question.
+// The message for a refused entry and the question before the session.
 inline const QString EingabeFehlerTitel = QStringLiteral("Fehler");
 inline const QString EingabeFehlerTxt = QStringLiteral(
     "Moduladresse1, Moduladresse2 oder Konfiguration der Sensoreingänge\n"
@@ -44,7 +44,7 @@ inline const QString EingabeFehlerTxt = QStringLiteral(
 inline const QString NurEinModulTitel = QStringLiteral("Achtung!");
 inline const QString NurEinModulTxt = QStringLiteral("Haben Sie nur ein Modul an LocoNet angeschlossen");
 
-// ArtNrCb's list, in the spec's order.
+// ArtNrCb's list, in its fixed order.
 QStringList NavInitArtikelListe();
 // The highest module address (Check_Wert's maximum; the minimum is 1).
 inline constexpr double NavInitAdresseMax = 4095;
@@ -54,11 +54,11 @@ inline constexpr double NavInitAdresseMax = 4095;
 class NavInitAnzeige {
 public:
     virtual ~NavInitAnzeige() = default;
-    // Step 2: a question with yes and no; true for yes.
+    // A question with yes and no; true for yes.
     virtual bool frageJaNein(const QString& titel, const QString& text) = 0;
-    // Step 3 and 7: buttons disabled and busy pointer (true), or restored.
+    // Buttons disabled and busy pointer (true), or restored.
     virtual void beschaeftigt(bool) {}
-    // Step 6: the bar follows the form's prozAnteil and prozTxt.
+    // The bar follows the form's prozAnteil and prozTxt.
     virtual void fortschritt(double /*anteil*/, const QString& /*prozTxt*/) {}
 };
 
@@ -92,7 +92,7 @@ void NavInit_Form_Activate(NavInitForm& f);
 // Abbruch_Cmd_Click (and closing the window): hides the form, no effect.
 void NavInit_Abbruch_Cmd_Click(NavInitForm& f);
 
-// Step 1 (and spec-notes for 47320/47330): true when the entry may be written.
+// True when the entry may be written (for 47320/47330 only address 1 counts).
 bool NavInitEingabeGueltig(const NavInitForm& f);
 
 // OK_But_Click: checks, asks, opens the port (left open), writes through the

@@ -21,7 +21,7 @@ Schnittstellenart ArtAusEinstellungen(const Einstellungen& e)
     case Verbindungsart::Seriell:
         break;
     }
-    // Part 2.1: USBInterface is read only when LocoNetInterface is true.
+    // USBInterface is read only when LocoNetInterface is true.
     if (!e.LocoNetInterface)
         return Schnittstellenart::Zentrale;
     return e.USBInterface ? Schnittstellenart::Usb : Schnittstellenart::Adapter;
@@ -148,7 +148,7 @@ void Schnittstelle::oeffnenZentrale(Long& err)
     port.setzeLeitungen(false, true);
     if (!oeffnen(ComPortOeffnenTitel, err))
         return;
-    // spec-notes 2.1: the answers go to the negotiation, not to the framer.
+    // The answers go to the negotiation, not to the framer.
     link_.umleitung = [this](const QByteArray& bytes) { antwort_ += bytes; };
     const auto framerZurueck = qScopeGuard([this] { link_.umleitung = nullptr; });
     auto keineKommunikation = [&] {
@@ -188,7 +188,7 @@ void Schnittstelle::oeffnenZentrale(Long& err)
 void Schnittstelle::oeffnenAdapter(Long& err)
 {
     // 1. Numbers other than 1 and 2 fail before the port is touched; a chosen
-    //    device passes (spec-notes 2.1).
+    //    device passes.
     const bool geraetGewaehlt = !einstellungen_.ComPortGeraet.trimmed().isEmpty();
     if (!geraetGewaehlt && einstellungen_.ComPort != 1 && einstellungen_.ComPort != 2) {
         benutzer_.meldung(QStringLiteral("Fehler"), NurComPort1Oder2Txt, Symbol::Kritisch);

@@ -1,6 +1,6 @@
 #pragma once
-// Part 2.1 open_com: the one way every Part opens the link, for the kind of
-// interface the settings choose, with the decisions of spec-notes 2.1:
+// open_com: the one way every subsystem opens the link, for the kind of
+// interface the settings choose, with the decisions:
 //   command station  2400 8N2, break, "xB19200", 19200 8N2, "x&LN$55AA";
 //                    CTS gates every byte sent afterwards
 //   serial adapter   19200 8N2, then the bus's 16457 bit/s set directly
@@ -27,7 +27,7 @@ class Transport;
 class Uhr;
 struct Einstellungen;
 
-// The kinds of interface: Part 2.1's three and the extension's two.
+// The kinds of interface: the three serial ones and the extension's two.
 enum class Schnittstellenart { Zentrale, Adapter, Usb, LbServer, Simulation };
 Schnittstellenart ArtAusEinstellungen(const Einstellungen& einstellungen);
 
@@ -42,7 +42,7 @@ inline const QString InterfaceWirdGeoeffnetTxt = QStringLiteral("LocoNet Interfa
 inline const QString KeineSimulationTxt =
     QStringLiteral("Die Simulation ist in dieser Programmversion nicht verfügbar.");
 
-// Part 2.1 with err 8002: the port number (device) that the system rejects.
+// err 8002: the port number (device) that the system rejects.
 inline constexpr Long PortAbgelehnt = 8002;
 
 // The command station's text commands and the time each answer may take.
@@ -89,7 +89,7 @@ private:
     bool oeffnen(const QString& titel, Long& err);
     bool parameter(const QString& text, Long& err);
     void abgelehnt(const QString& titel, const QString& text, Long& err);
-    // Steps 4/5 and 7: the command, then input until "]" within 5 s.
+    // A command to the command station, then input until "]" within 5 s.
     bool befehl(const QByteArray& text);
     void anzeigen(int feld, const QString& text);
 

@@ -1,4 +1,4 @@
-// Part 2.4 with spec-notes 2.3/2.4/2.5: bulk programming and read-back.
+// Bulk programming and read-back.
 #include "loconet/programmierung.h"
 
 #include "config/clear_modul.h"
@@ -25,13 +25,13 @@ bool istUniversal(Long artNr)
     return artNr == 47320 || artNr == 47330;
 }
 
-// Part 2.4: only the main cell of a universal controller is worked on.
+// Only the main cell of a universal controller is worked on.
 bool nebenzelle(const XY_Typ& zelle, int x, int y)
 {
     return istUniversal(zelle.XY_ArtNr) && (zelle.XY_SenX != x || zelle.XY_SenY != y);
 }
 
-// spec-notes 2.5: a 5330 whose generation is still open asks the module first.
+// A 5330 whose generation is still open asks the module first.
 void versionKlaeren(Programmierumgebung& u, int x, int y)
 {
     const XY_Typ& zelle = u.anlage.XY(x, y);
@@ -41,7 +41,7 @@ void versionKlaeren(Programmierumgebung& u, int x, int y)
     }
 }
 
-// A cell a bulk run works on (counted for "Modul n von m"): spec-notes 2.4
+// A cell a bulk run works on (counted for "Modul n von m"): a bulk run
 // passes over the second input of a sensor pair and a controller's further cells.
 bool programmierbar(const Anlage& anlage, int x, int y)
 {
@@ -154,7 +154,7 @@ const Ablauf& ReadEinzelnAblauf()
     return a;
 }
 
-// The menus come back whatever way an operation ends (the menu frame's step 4).
+// The menus come back whatever way an operation ends.
 struct Beschaeftigt {
     explicit Beschaeftigt(ProgrammierAnzeige& a)
         : anzeige(a)
@@ -169,7 +169,7 @@ struct Beschaeftigt {
     ProgrammierAnzeige& anzeige;
 };
 
-// Steps 1 and 2 of every operation: the link and the start question.
+// How every operation begins: the link and the start question.
 bool beginnen(Programmierumgebung& u, const Ablauf& a)
 {
     Long err = 0;
@@ -179,7 +179,7 @@ bool beginnen(Programmierumgebung& u, const Ablauf& a)
     return u.anzeige.frageOkAbbrechen(a.frageTitel, a.frage);
 }
 
-// Step 5 of Prog_all: the failed module's session closed, the place told,
+// A module failed in Prog_all: its session closed, the place told,
 // the error shown, and the user's answer.
 FehlerAntwort fehlerFragen(
     Programmierumgebung& u, const Ablauf& a, int x, int y, Long err, bool prog_off, Long artikel, Long adresse)
@@ -229,7 +229,7 @@ bool alle(Programmierumgebung& u, const Ablauf& a)
     return alleGut;
 }
 
-// Step 3 of Prog_einzeln / Read_einzeln: the pick. Read_einzeln asks from the
+// The pick of Prog_einzeln / Read_einzeln. Read_einzeln asks from the
 // second click on a cell without module whether to give up.
 bool waehlen(Programmierumgebung& u, bool abbruchFrage, int& x, int& y)
 {
@@ -275,7 +275,7 @@ bool einzeln(Programmierumgebung& u, const Ablauf& a, bool abbruchFrage)
             u.anzeige.InfoTxt_anzeigen(2, QString());
             return true;
         }
-        // Step 6: Prog_Off unconditionally.
+        // On failure the session is closed whether or not it was opened.
         if (fehlerFragen(u, a, x, y, err, true, artikel, adresse) != FehlerAntwort::Nochmal)
             return false;
     }
@@ -344,7 +344,7 @@ void Prog_modul(Programmierumgebung& u, int x, int y, Long& err, bool& on_flag, 
             Read_Lncv(u.link, artikel, i, wert, err);
             if (err != 0)
                 return;
-            // spec-notes 2.4: compared in the stored 16-bit signed form.
+            // Compared in the stored 16-bit signed form.
             if (i != nie && Unsig_to_Int(wert) != zelle.XY_LNCV(i)) {
                 u.anzeige.InfoTxt_anzeigen(
                     2, QStringLiteral("LNCV ") + QString::number(i) + QStringLiteral(" wird programmiert!"));
@@ -380,7 +380,7 @@ void Read_modul(Programmierumgebung& u, int x, int y, Long& err, bool& on_flag, 
         }
         artikel = DrahtArtikel(zelle.XY_ArtNr);
         adresse = Int_to_Unsig(zelle.XY_LNCV(0));
-        // Part 2.4: the cell keeps its address (LNCV 0 and 1), which
+        // The cell keeps its address (LNCV 0 and 1), which
         // Clear_Universal would clear with the rest.
         const Integer lncv0 = zelle.XY_LNCV(0), lncv1 = zelle.XY_LNCV(1);
         Clear_Modul(u.anlage, u.zellen, x, y);
@@ -406,7 +406,7 @@ void Read_modul(Programmierumgebung& u, int x, int y, Long& err, bool& on_flag, 
             return;
         Get_Navik_Version(u.link, u.benutzer, u.anlage, x, y);
         ProgOffEcho_abwarten(u.link);
-        // spec-notes 2.4: the mode comes from LNCV 2; the controllers keep 20.
+        // The mode comes from LNCV 2; the controllers keep 20.
         if (!istUniversal(zelle.XY_ArtNr)) {
             zelle.XY_BlkMeld = (zelle.XY_LNCV(2) >> 4) & 1;
             zelle.XY_BETR = BetriebsartAusLncv2(zelle.XY_LNCV(2));

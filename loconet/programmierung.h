@@ -1,5 +1,5 @@
 #pragma once
-// Part 2.4: bulk programming and read-back. Prog_modul brings one module into
+// Bulk programming and read-back. Prog_modul brings one module into
 // agreement with its cell, Read_modul fills a cell from its module; Prog_all,
 // Read_all, Prog_einzeln and Read_einzeln lead the user through the panel.
 // Widget-free: everything the user sees or answers goes through
@@ -32,7 +32,7 @@ public:
     virtual bool frageOkAbbrechen(const QString& titel, const QString& text) = 0;
     // A question with yes and no (Read_einzeln's "Soll die Auswahl abgebrochen werden?").
     virtual bool frageJaNein(const QString& titel, const QString& text) = 0;
-    // Step 3 of Prog_modul: the cell blinks with its "_ausw.bmp" picture; and back.
+    // While Prog_modul works: the cell blinks with its "_ausw.bmp" picture; and back.
     virtual void markieren(int x, int y) = 0;
     virtual void markierungAus() = 0;
     // The three main menus disabled and the busy pointer, or restored.
@@ -42,7 +42,7 @@ public:
     // The pick on the locked plan with the question-mark pointer: the clicked
     // cell, or false when the pick was given up (window closed, program ends).
     virtual bool zelleWaehlen(int& x, int& y) = 0;
-    // The running count "Modul n von m" (beyond the spec).
+    // The running count "Modul n von m", so that a long run shows its progress.
     virtual void fortschritt(int n, int m) { (void)n, (void)m; }
 };
 
@@ -55,7 +55,7 @@ struct Programmierumgebung {
     Benutzer& benutzer;              // prog_error_meldung, Get_Navik_Version's messages
     Zellanzeige& zellen;             // SetzeText after a read
     ProgrammierAnzeige& anzeige;
-    // The seam to Part 5.1: Read_modul calls Make_bhf(x, y) for modes 7 and 8
+    // The seam to the stations: Read_modul calls Make_bhf(x, y) for modes 7 and 8
     // once the station model exists; empty until then (nothing is rebuilt).
     std::function<void(int x, int y)> Make_bhf = {};
 };
@@ -64,7 +64,7 @@ struct Programmierumgebung {
 int LetzteLncv(Long artNr, Integer version);
 // The LNCV never written (16), or -1 (the universal controllers have none).
 int NieGeschrieben(Long artNr);
-// spec-notes 2.4: the mode from the low 4 bits of LNCV 2.
+// The mode from the low 4 bits of LNCV 2.
 Integer BetriebsartAusLncv2(Integer lncv2);
 
 void Prog_modul(Programmierumgebung& u, int x, int y, Long& err, bool& on_flag, Long& artikel, Long& adresse);

@@ -51,7 +51,7 @@ void TextMonitor::kappen()
 
 QStringList TextMonitor::zeigen(const QStringList& zeilen, const QString& text)
 {
-    // Step 6: the trace takes the text as decoded, one line however long.
+    // The trace takes the text as decoded, one line however long.
     verlauf_.zeile(uhr_.jetzt().time(), text);
     if (zeilen.isEmpty())
         return zeilen;

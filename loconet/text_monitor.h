@@ -1,5 +1,5 @@
 #pragma once
-// Part 2.6: the text monitor frmMonitor without its widgets — running or
+// The text monitor frmMonitor without its widgets — running or
 // stopped, the decoder's state, the text of the view `rtbMoni` with its cap,
 // the trace file, and the handlers of the form's buttons. The window
 // (loconet/ui/frm_monitor.h) and `planor-cli monitor` only show what comes
@@ -20,7 +20,7 @@ namespace planor {
 class Empfang;
 class Uhr;
 
-// The captions and lines of Part 2.6.
+// The captions and lines the monitor shows.
 inline const QString StartText = QStringLiteral("Start");
 inline const QString StopText = QStringLiteral("Stop");
 inline const QString StartZeile = QStringLiteral(" START: Monitor läuft!");
@@ -34,7 +34,7 @@ public:
     TextMonitor(Uhr& uhr, QString ordner);
 
     // The monitor framing of `empfang` hands its complete messages to
-    // `nachricht` while the monitor runs (Part 2.2 step 2). `empfang` must
+    // `nachricht` while the monitor runs. `empfang` must
     // outlive every later call of this monitor that starts or stops it.
     void anschliessen(Empfang& empfang);
 
@@ -43,9 +43,9 @@ public:
     // Start_TextMonitor and Form_Activate: runs without a line in the view.
     void starten() { setzeAktiv(true); }
 
-    // decode_ln_mes for one complete message with its checksum: the view's
-    // cap (step 1), the text (steps 2 to 4), its lines appended (step 5) and
-    // the trace line (step 6; hexadecimal texts as well). Returns the lines
+    // decode_ln_mes for one complete message with its checksum: the view
+    // capped, the text, its lines appended and the trace line (hexadecimal
+    // texts as well). Returns the lines
     // appended; a stopped monitor takes nothing, so Slot_Tab fills only
     // while it runs.
     QStringList nachricht(const QByteArray& nachricht);
@@ -81,7 +81,7 @@ public:
 
 private:
     void setzeAktiv(bool aktiv);
-    // Step 5's lines of one text into the view, step 6's line into the trace.
+    // The lines of one text into the view, its line into the trace.
     QStringList zeigen(const QStringList& zeilen, const QString& text);
     void kappen();
     void traceAus();

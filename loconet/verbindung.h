@@ -1,5 +1,5 @@
 #pragma once
-// Part 2.1: the one way every Part opens the link to the bus. Callers test
+// The one way every subsystem opens the link to the bus. Callers test
 // `err`: 0 success, anything else no usable link (they give their own
 // message or stop).
 

@@ -8,7 +8,7 @@ namespace planor {
 
 namespace {
 
-// The length of a LocoNet message by its opcode (Part 2.2's rule); 0 while
+// The length of a LocoNet message by its opcode; 0 while
 // the length byte has not come, -1 for a length byte that cannot be.
 int nachrichtLaenge(const QByteArray& anfang)
 {

@@ -1,5 +1,5 @@
 #pragma once
-// LocoNet over TCP to an LbServer (extension of Part 2.1), the
+// LocoNet over TCP to an LbServer (extension), the
 // "LoconetOverTcp" protocol: ASCII lines ending in CR or LF (empty lines
 // are skipped).
 //   server -> client  "VERSION <text>"   once after connecting
@@ -16,7 +16,7 @@
 //
 // Failures:
 //  - "SENT ERROR": the server could not put the message on the bus. It is
-//    lost as a message garbled on the wire is (Part 2.2: no trace); the
+//    lost as a message garbled on the wire is (no trace); the
 //    caller's wait for an answer runs into its own time limit. Counted in
 //    `sendeFehler()`.
 //  - No SENT within `SentGrenze` seconds: the server is taken as gone. The
@@ -24,7 +24,7 @@
 //    next open_com connects anew.
 //  - The server closes the connection or the network fails: `verloren`.
 //  - `schreiben` on a closed connection returns false.
-// `ausgangVerwerfen` (Part 2.2 send step 1) drops an unfinished message
+// `ausgangVerwerfen` (called before each send) drops an unfinished message
 // only: whole messages have been handed over and are as good as on the wire.
 
 #include "core/vb_zahlen.h"

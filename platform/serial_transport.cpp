@@ -211,7 +211,7 @@ bool SerialTransport::oeffnen(QString& fehler)
         return false;
     }
     port_.setPortName(geraet_);
-    // Part 2.1: no hardware handshake with any kind.
+    // No hardware handshake with any kind.
     port_.setFlowControl(QSerialPort::NoFlowControl);
     parameterAnwenden();
     if (!port_.open(QIODevice::ReadWrite)) {
@@ -220,7 +220,7 @@ bool SerialTransport::oeffnen(QString& fehler)
         port_.clearError();
         return false;
     }
-    // spec-notes 2.1: DTR and RTS right after every opening. A port without
+    // DTR and RTS right after every opening. A port without
     // those lines (a pseudo-terminal) refuses them; that is no failure.
     port_.setDataTerminalReady(dtr_);
     port_.setRequestToSend(rts_);
@@ -270,7 +270,7 @@ bool SerialTransport::cts() const
         return false;
 #ifdef Q_OS_UNIX
     int leitungen = 0;
-    // A pseudo-terminal has no modem lines: it counts as CTS high (spec-notes 2.1).
+    // A pseudo-terminal has no modem lines: it counts as CTS high.
     if (::ioctl(port_.handle(), TIOCMGET, &leitungen) == -1)
         return true;
     return (leitungen & TIOCM_CTS) != 0;

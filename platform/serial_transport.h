@@ -1,12 +1,12 @@
 #pragma once
-// Part 2.1's serial port on QSerialPort, with the decisions of spec-notes
-// 2.1/2.2: ports are named by device path (ComPort n is /dev/ttyS(n-1) on
-// Linux unless a device was chosen), DTR and RTS are set right after every
-// opening, a port without modem lines (a pseudo-terminal) counts as CTS high,
+// The serial port on QSerialPort. Ports are named by device path (ComPort n
+// is /dev/ttyS(n-1) on Linux unless a device was chosen), DTR and RTS are
+// set right after every opening, a port without modem lines (a
+// pseudo-terminal) counts as CTS high,
 // and a device that vanishes closes the port at once and is reported by
 // `verloren` (Qt 6.4 would otherwise keep it "open" and spin on ReadError).
 // Also here: the list of the system's ports and the search for the USB
-// interface by its IDs (Part 2.1 scan_reg).
+// interface by its IDs (scan_reg).
 
 #include "core/vb_zahlen.h"
 #include "platform/transport.h"
@@ -20,7 +20,7 @@ namespace planor {
 
 // The settings of a port from a text such as "19200,n,8,2": bit rate, parity
 // (n, e, o, m, s), data bits (5..8), stop bits (1, 1.5, 2). Any positive bit
-// rate is taken; 16457 is set directly as a custom rate (spec-notes 2.1).
+// rate is taken; 16457 is set directly as a custom rate.
 struct PortParameter {
     qint32 baud = 9600;
     QSerialPort::Parity paritaet = QSerialPort::NoParity;
@@ -31,11 +31,11 @@ struct PortParameter {
 };
 std::optional<PortParameter> PortParameterLesen(const QString& text);
 
-// spec-notes 2.1: the device of ComPort n (/dev/ttyS(n-1) on Linux, COMn on
+// The device of ComPort n (/dev/ttyS(n-1) on Linux, COMn on
 // Windows); a chosen device path overrides the number. Empty for a number
 // below 1 without a chosen device.
 QString GeraetFuerComPort(Integer comPort, const QString& gewaehltesGeraet = {});
-// The number of a port named COMn ("COM12" gives 12; Part 2.1 scan_reg).
+// The number of a port named COMn ("COM12" gives 12; scan_reg).
 std::optional<int> ComNummer(const QString& portName);
 
 // One serial port of the system, as the dialogs list it.
@@ -48,14 +48,14 @@ struct PortEintrag {
 };
 QList<PortEintrag> SystemPorts();
 
-// The USB interface: Part 2.1's "VID_10C4&PID_EA60".
+// The USB interface: "VID_10C4&PID_EA60".
 inline constexpr quint16 UsbHersteller = 0x10C4;
 inline constexpr quint16 UsbProdukt = 0xEA60;
 // scan_reg on the port list: the ports with those IDs, in the list's order.
 QList<PortEintrag> UsbInterfaceSuchen(const QList<PortEintrag>& ports);
 
 // Why a port could not be opened. Missing, busy and no permission all give
-// err 8002 (spec-notes 2.1); the text says which and what to do.
+// err 8002; the text says which and what to do.
 enum class OeffnenFehler { Keiner, KeinGeraet, Fehlt, Belegt, KeinZugriff, Parameter, Sonstiges };
 QString OeffnenFehlerText(OeffnenFehler art, const QString& geraet, const QString& systemText = {});
 

@@ -5,7 +5,7 @@
 // their way, and each one that reaches the parties brings the next. With
 // wire time that is the wire's speed (0.6 ms a byte); without it as fast as
 // the simulator delivers. Every message of the round is one the text
-// monitor (Part 2.6) shows as exactly one line, and none is answered by the
+// monitor shows as exactly one line, and none is answered by the
 // simulated devices, so the bus carries the flood and nothing else.
 // The next messages are laid on from a zero timer, not from inside the
 // delivery: without wire time each message's delivery is a posted event, and

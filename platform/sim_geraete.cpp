@@ -20,7 +20,7 @@ bool pruefsummeStimmt(const QByteArray& m)
     return m.size() >= 2 && Pruefsumme(m.left(m.size() - 1)) == at(m, m.size() - 1);
 }
 
-// Accessory address of OPC_SW_REQ and OPC_SW_STATE (Part 2.3, Read_Mag, SendMag).
+// Accessory address of OPC_SW_REQ and OPC_SW_STATE (Read_Mag, SendMag).
 Long weichenAdresse(const QByteArray& m) { return Long(at(m, 2) & 15) * 128 + at(m, 1) + 1; }
 
 constexpr double SpeicherVerzoegerung = 0.5;
@@ -29,7 +29,7 @@ constexpr double SpeicherVerzoegerung = 0.5;
 
 QByteArray ZugMeldung(Long empfaenger, Long lok, int kategorie, int richtung)
 {
-    // Part 2.6: bit 6 of b3 "from S1 to S2", bits 6 and 5 "from S2 to S1";
+    // Bit 6 of b3 "from S1 to S2", bits 6 and 5 "from S2 to S1";
     // bit 5 alone would make it a status message.
     const int richtungsBits = richtung == 1 ? 0x40 : richtung == 2 ? 0x60 : 0;
     return mitPruefsumme(QByteArray()
@@ -160,7 +160,7 @@ void SimGeraete::nachricht(const QByteArray& m)
 
 void SimGeraete::textZeile(int teilnehmer, const QByteArray& zeile)
 {
-    // Part 2.1: the command station is talked into LocoNet mode by text
+    // The command station is talked into LocoNet mode by text
     // commands; the program waits for a "]".
     if (bus_ && zeile.startsWith('x'))
         bus_->anTeilnehmer(teilnehmer, "[OK]");

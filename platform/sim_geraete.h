@@ -1,7 +1,7 @@
 #pragma once
 // What stands on the simulated bus besides the program: the LNCV modules
 // (sim_modul.h), and the command station with its accessories, feedback
-// inputs and the text interface of Part 2.1. It listens to every message on
+// inputs and the text interface. It listens to every message on
 // the bus and answers as the real devices do:
 //
 // - LNCV requests go to the modules (answers after the reaction time).

@@ -24,7 +24,7 @@ std::optional<LncvAnfrage> LncvAnfrageLesen(const QByteArray& nachricht)
         return std::nullopt;
     if (at(5) != LNCV_LESEN && at(5) != LNCV_SCHREIBEN)
         return std::nullopt;
-    // Part 2.3: bit k of byte 6 is bit 7 of byte 7+k.
+    // Bit k of byte 6 is bit 7 of byte 7+k.
     quint8 d[7];
     for (int k = 0; k < 7; ++k)
         d[k] = quint8(at(7 + k) | ((at(6) >> k) & 1) << 7);
@@ -68,7 +68,7 @@ bool SimModul::artikelBekannt(Long artikel)
 
 int SimModul::standardVersion(Long artikel)
 {
-    // Get_Navik_Version (Part 2.3) sorts 5330 below 200 and 47230 below 205
+    // Get_Navik_Version sorts 5330 below 200 and 47230 below 205
     // into generation 1; a fresh module is of the newer generation.
     switch (artikel) {
     case 5330: return 200;
@@ -135,8 +135,8 @@ QByteArray SimModul::schreiben(const LncvAnfrage& a, bool& geaendert)
 {
     if (schreibenVerweigern)
         return LncvQuittung(LncvAbgelehnt);
-    // The firmware number of a receiver cannot be changed (Part 2.4 never
-    // writes it); the controllers keep LNCV 16 as an ordinary value.
+    // The firmware number of a receiver cannot be changed (bulk programming
+    // never writes it); the controllers keep LNCV 16 as an ordinary value.
     if (a.lncv == VersionsLncv && !universal(artikel_))
         return LncvQuittung(LncvNurLesen);
     if (lncv(a.lncv) != a.wert) {

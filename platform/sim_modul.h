@@ -1,6 +1,6 @@
 #pragma once
-// A simulated LNCV module as Uhlenbrock's modules behave on the bus
-// (Part 2.3 seen from the module's side): NAVIK/TOBRA receivers (47120,
+// A simulated LNCV module that answers LNCV requests as the receivers do
+// (the LNCV exchange seen from the module's side): NAVIK/TOBRA receivers (47120,
 // 47130, 47190, 47220, 47230, 47240, 5330) with 128 LNCVs and the universal
 // block controllers (47320, 47330) with 460. LNCV 0 is the address, LNCV 16
 // the firmware version.

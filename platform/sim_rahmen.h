@@ -2,9 +2,9 @@
 // The simulator's framer for bytes that one party puts on the bus: whole
 // LocoNet messages by their length (opcode 0x80–0x9F 2 bytes, 0xA0–0xBF 4,
 // 0xC0–0xDF 6, 0xE0 and up: the second byte tells), and, between messages,
-// the lines of text a command station is spoken to with ("xB19200\r",
-// Part 2.1). Each party has its own framer, so that bytes of two parties
-// never mix.
+// the lines of text a command station is spoken to with ("xB19200\r"
+// while open_com sets it up). Each party has its own framer, so that bytes
+// of two parties never mix.
 
 #include <QByteArray>
 

@@ -31,7 +31,7 @@ struct SimModulAngabe {
 // universal controller share their main cell's module (XY_SenX, XY_SenY),
 // the second input of a sensor pair (XY_SenStat 2) has none, and two cells
 // with the same article and address are one module. A 5330 or 47230 whose
-// XY_Version is 1 gets a firmware number of generation 1 (Part 2.3).
+// XY_Version is 1 gets a firmware number of generation 1.
 std::vector<SimModulAngabe> SimModuleAusAnlage(const Anlage& anlage);
 
 class Simulator {

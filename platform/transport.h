@@ -34,11 +34,11 @@ public:
     // Line state and controls of a serial port; other kinds have none.
     virtual bool cts() const { return true; }
     virtual void setzeBreak(bool) {}
-    // Bit rate, parity, data and stop bits from a text such as "19200,n,8,2"
-    // (Part 2.1): at once when open, else at the next opening. False when the
+    // Bit rate, parity, data and stop bits from a text such as "19200,n,8,2":
+    // at once when open, else at the next opening. False when the
     // text or the port refuses it; kinds without a serial line take any.
     virtual bool setzeParameter(const QString&) { return true; }
-    // DTR and RTS, set right after every opening (spec-notes 2.1).
+    // DTR and RTS, set right after every opening.
     virtual void setzeLeitungen(bool /*dtr*/, bool /*rts*/) {}
 
 signals:

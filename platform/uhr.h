@@ -18,7 +18,7 @@ public:
     // The wall clock: dates and times of day in files and logs.
     virtual QDateTime jetzt() const = 0;
 
-    // A monotonic clock in seconds for time limits (Part 2.2: "limit < now - t0").
+    // A monotonic clock in seconds for time limits ("limit < now - t0").
     virtual double sekunden() const = 0;
 
     // Runs `aufgabe` once, `sekunden` from now, from the event loop.
@@ -28,7 +28,7 @@ public:
     // true when `fertig` held. `fertig` is tested after every event.
     virtual bool warten(double hoechstens, const std::function<bool()>& fertig) = 0;
 
-    // Part 2.2 delay: waits that long, serving events.
+    // delay: waits that long, serving events.
     void delay(double sekunden) { warten(sekunden, [] { return false; }); }
 };
 

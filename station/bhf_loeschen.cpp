@@ -81,7 +81,7 @@ void LokListe_clear(Anlage& anlage, int bhf, int gleis)
             XY_Typ& haupt = anlage.XY(einfahrt.XY_SenX, einfahrt.XY_SenY);
             lncvNull(haupt, 10 * gleis + 51, 10 * gleis + 51 + 8);
         } else {
-            // Part 5.2: slot 11 clears only six entries; that stays.
+            // Slot 11 clears only six entries; that stays.
             XY_Typ& zelle = anlage.XY(b.Bhf_EinfX, b.Bhf_EinfY);
             lncvNull(zelle, 10 * gleis + 12, 10 * gleis + 12 + (gleis == 11 ? 5 : 7));
         }
@@ -217,7 +217,7 @@ void Clr_Bhf(Anlage& anlage, Zellanzeige& anzeige, int n)
         Clear_Bhf_Umfahr(anlage, n);
         for (int slot = 1; slot <= 10; ++slot)
             Clear_Bhf_Gleis(anlage, anzeige, n, slot);
-        // Bhf_Art stays and Bhf_Anz is the caller's (Part 5.1).
+        // Bhf_Art stays and Bhf_Anz is the caller's.
         Bhf_Typ& b = anlage.Bhf(n);
         b.Bhf_Name.clear();
         b.Bhf_Adr = 0;

@@ -1,5 +1,5 @@
 #pragma once
-// Part 5.1 and 5.2: removing a station, or a part of it, with the routes and
+// Removing a station, or a part of it, with the routes and
 // locomotive lists that hang on it. n 0 does nothing.
 
 namespace planor {

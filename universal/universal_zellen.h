@@ -1,5 +1,5 @@
 #pragma once
-// Part 7.1: the cells of a universal block controller. One controller is a
+// The cells of a universal block controller. One controller is a
 // group of up to four cells sharing article and address; the main cell
 // (XY_SenStat 3) holds the values, further cells (4) point at it.
 
@@ -12,7 +12,7 @@ class Zellanzeige;
 // station and goes back to mode 20; the cells stay linked.
 void Clear_Universal(Anlage& anlage, Zellanzeige& anzeige, int x, int y);
 
-// Part 3.2 Element_Loeschen step 2: before the main cell (x, y) is deleted,
+// Element_Loeschen: before the main cell (x, y) is deleted,
 // the first further cell of the group (of at most five found) becomes the
 // main cell and the others point at it, so the controller stays alive.
 void Universal_Hauptzelle_weitergeben(Anlage& anlage, int x, int y);

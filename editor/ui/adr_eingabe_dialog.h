@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.4: the dialogs of the address view over their form state
+// The dialogs of the address view over their form state
 // (editor/adr_eingabe.h): AdrEingabe and Adr12_Abfrage.
 
 #include "editor/adr_eingabe.h"

@@ -1,6 +1,6 @@
 #pragma once
-// Part 3.6: the dialog MagArtStatus over its form state. What OK does is the
-// caller's (view 4 sends the state; Part 6 builds a route command).
+// The dialog MagArtStatus over its form state. What OK does is the
+// caller's (view 4 sends the state; the route editor builds a route command).
 
 #include "editor/mag_art_status.h"
 

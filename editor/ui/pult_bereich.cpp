@@ -92,7 +92,7 @@ PultBereich::PultBereich(Anlage& anlage, const Elementkatalog& katalog, PultEdit
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    // Part 3.3: the plan stands 100 twips right of the palette.
+    // The plan stands 100 twips right of the palette.
     layout->setSpacing(100 / 15);
     layout->addWidget(links_);
     for (ZellenGrid* grid : {Pult, PultAdr, Mon})

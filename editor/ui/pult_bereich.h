@@ -1,7 +1,7 @@
 #pragma once
 // The panel area of the main window: the palette `Elemente` with the logo,
 // and the three grids `Pult`, `PultAdr`, `Mon` on the same place, one
-// visible at a time (Part 3.3).
+// visible at a time.
 
 #include "editor/ui/bildspeicher.h"
 
@@ -21,7 +21,7 @@ class PultEditor;
 class PultModell;
 class ZellenGrid;
 
-// Part 1.1: size in pixels of a panel and palette cell.
+// Size in pixels of a panel and palette cell.
 inline constexpr int FeldBreite = 84;
 inline constexpr int FeldHoehe = 54;
 

@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.2: the dialog TauschForm over its form state.
+// The dialog TauschForm over its form state.
 
 #include <QDialog>
 

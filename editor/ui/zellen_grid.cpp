@@ -22,7 +22,7 @@ void ZellenDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
         painter->fillRect(r, QColor(40, 110, 220, 70));
     const QString text = index.data(Qt::DisplayRole).toString();
     if (!text.isEmpty()) {
-        // "Arial" as SetzeText sets it, or the cell's own font (Part 3.6 set_mon).
+        // "Arial" as SetzeText sets it, or the cell's own font (set_mon).
         QFont schrift(QStringLiteral("Arial"));
         schrift.setPixelSize(11);
         if (const QVariant eigene = index.data(SchriftRolle); eigene.canConvert<ZellSchrift>()) {

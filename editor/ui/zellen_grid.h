@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.1: a grid with a picture and a text per cell, fixed first row and
+// A grid with a picture and a text per cell, fixed first row and
 // column holding the coordinates, and per-row and per-column sizes. Serves
 // as `Pult`, `PultAdr` and `Mon`; only the visible cells are painted, so a
 // 99×99 panel scrolls smoothly.
@@ -48,7 +48,7 @@ signals:
     void linksGedrueckt(int x, int y);
     void linksLosgelassen();
     void rechtsLosgelassen(int x, int y);
-    // Any button released over a data cell (Part 3.6 Mon_MouseUp).
+    // Any button released over a data cell (Mon_MouseUp).
     void losgelassen(int x, int y, Qt::MouseButton knopf, Qt::KeyboardModifiers modifikatoren);
     void tasteLosgelassen(int taste, Qt::KeyboardModifiers modifikatoren);
 

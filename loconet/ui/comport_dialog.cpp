@@ -59,7 +59,7 @@ VerbindungsDialog::VerbindungsDialog(Einstellungen& einstellungen, ComPortUmgebu
     gitter->addWidget(ComPortNr_Lbl, 0, 0);
     gitter->addWidget(ComPortNr_Txt, 0, 1);
 
-    // spec-notes 2.1: a device from the list overrides the number. The list
+    // A device from the list overrides the number. The list
     // is editable for a device the system does not list (an adapter's own
     // name, a pseudo-terminal).
     auto* geraetLbl = new QLabel(QStringLiteral("oder Anschluss:"), rahmen_);

@@ -1,7 +1,7 @@
 #pragma once
-// Part 2.1: the forms ComPortForm and Erststart. The logic is in
-// loconet/comport_form.h; these classes bind the widgets, named as the spec
-// names the controls, to its form state. Both hold the same connection
+// The forms ComPortForm and Erststart. The logic is in
+// loconet/comport_form.h; these classes bind the widgets, named as the form
+// state names the controls, to it. Both hold the same connection
 // frame (VerbindungsDialog); they differ in their buttons.
 
 #include "loconet/comport_form.h"
@@ -35,7 +35,7 @@ class VerbindungsDialog : public QDialog {
 
 public:
     // 0 while open, 1 after OK, 2 after cancel (also Escape and closing the
-    // window, spec-notes "Waits on a flag").
+    // window).
     int Ergebnis() const { return ergebnis_; }
     const ComPort_Form& form() const { return form_; }
 
@@ -106,7 +106,7 @@ private:
     QPushButton* End_But;
 };
 
-// ComPortNummer_aendern's and Part 1.1 step 11's way to the forms: shown
+// ComPortNummer_aendern's and the first start's way to the forms: shown
 // modally over `parent`, the result as Ergebnis() gives it.
 int ComPortFormZeigen(Einstellungen& einstellungen, const ComPortUmgebung& umgebung, QWidget* parent);
 int ErststartZeigen(Einstellungen& einstellungen, const ComPortUmgebung& umgebung, QWidget* parent);

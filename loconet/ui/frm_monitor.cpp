@@ -162,7 +162,7 @@ void FrmMonitor::ansichtNachziehen()
     }
     schnitte_ = monitor_.schnitte();
     gezeigt_ = text.size();
-    // Step 1: the view scrolls to the end.
+    // The view scrolls to the end.
     rtbMoni->moveCursor(QTextCursor::End);
     QScrollBar* leiste = rtbMoni->verticalScrollBar();
     leiste->setValue(leiste->maximum());

@@ -1,7 +1,7 @@
 #pragma once
-// Part 2.6: the form frmMonitor, " LocoNet-Monitor", a tool window beside
+// The form frmMonitor, " LocoNet-Monitor", a tool window beside
 // the main window. The logic is in loconet/text_monitor.h; this window binds
-// the widgets, named as the spec names the controls, to it. Closing the
+// the widgets, named as the monitor's state names the controls, to it. Closing the
 // window is btnCancel.
 
 #include "loconet/text_monitor.h"

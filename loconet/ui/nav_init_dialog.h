@@ -1,7 +1,7 @@
 #pragma once
-// Part 2.5: the form Nav_Init, "Modul initialisieren". The logic is in
-// loconet/nav_init.h; this dialog binds the widgets, named as the spec names
-// the controls, to its form state. Closing the window is Abbruch_Cmd.
+// The form Nav_Init, "Modul initialisieren". The logic is in
+// loconet/nav_init.h; this dialog binds the widgets, named as the form state
+// names the controls, to it. Closing the window is Abbruch_Cmd.
 
 #include "loconet/nav_init.h"
 
@@ -28,7 +28,7 @@ public:
     NavInitDialog(LocoNetVerbindung& verbindung, LocoNetLink& link, Benutzer& benutzer, QWidget* parent = nullptr);
 
     const NavInitForm& form() const { return form_; }
-    // Step 2's question; a yes/no message box unless a test answers.
+    // The "only one module?" question; a yes/no message box unless a test answers.
     std::function<bool(const QString& titel, const QString& text)> frage;
 
     void reject() override;

@@ -1,7 +1,7 @@
 #pragma once
-// Part 2.4: PultFehlMeldung_Form, the failure prompt of the bulk operations.
+// PultFehlMeldung_Form, the failure prompt of the bulk operations.
 // Its three EXIT_But buttons give the answer (the form's tag); closing the
-// window counts as "Abbruch" (spec-notes "Waits on a flag").
+// window counts as "Abbruch".
 
 #include "loconet/programmierung.h"
 

@@ -56,7 +56,7 @@ struct OhneAnzeige final : ProjektAnzeige {
     bool elementLoeschen(const QString&, const QString&) override { return false; }
 };
 
-// A NAVIK receiver 47220 with its general values and a mode (Part 4.3's codes).
+// A NAVIK receiver 47220 with its general values and an operating mode (XY_BETR's codes).
 void empfaenger(Anlage& a, int x, int y, int adresse, int betriebsart, int signal, int aufenthalt = 0)
 {
     XY_Typ& z = a.XY(x, y);

@@ -7,7 +7,7 @@
 
 namespace planor::elementbilder {
 
-// Elemente.cfg as bytes: Windows-1252, CR LF, closed by "###" (Part 1.6).
+// Elemente.cfg as bytes: Windows-1252, CR LF, closed by "###".
 QByteArray katalogText();
 
 // The catalogue as a Markdown table for data/KT_Conf/README.md, with the

@@ -1,10 +1,10 @@
 #include "element_tabelle.h"
 
-// Type codes: Part 1.2 and spec-notes. Codes below 100 are plain track; 9 is
+// Type codes: codes below 100 are plain track; 9 is
 // the horizontal straight because the KT-Edit import maps several old symbols
-// to 9 (Part 1.7). Every orientation has a code of its own, as the project
+// to 9. Every orientation has a code of its own, as the project
 // file stores codes, not catalogue indices. The text alignment (flex-grid
-// code, spec-notes Part 3.2) puts the cell's text where the picture is empty.
+// code) puts the cell's text where the picture is empty.
 
 namespace planor::elementbilder {
 
@@ -41,7 +41,7 @@ Bild weiche(Port spitze, Port gerade, Port abzweig)
 
 // Legs of an element with two addresses, by the state that sets them. The
 // first letter is address 1, which chooses the track on the west side; the
-// second is address 2 (Part 3.6).
+// second is address 2.
 Bild fahrwege(Bein gg, Bein rr, Bein gr, Bein rg)
 {
     return Bild{.art = Art::Fahrwege, .beine = {gg, rr, gr, rg}};
@@ -71,7 +71,7 @@ std::vector<Element> aufbauen()
     const auto R = Kopf::Rangier;
     const auto E = Art::Empfaenger;
     return {
-        // Tools first: Parts 1.4 and 3.2 delete with entry 1, the eraser.
+        // Tools first: loading and the plan's editing delete with entry 1, the eraser.
         {"radierer_pal", "Radierer", -99, 1, -99, 4, werkzeug(Art::Radierer)},
         {"auswahl_pal", "Auswahl", -1, 1, -1, 4, werkzeug(Art::Auswahl)},
         {"leer_feld", "Leer", 0, 0, 0, 4, werkzeug(Art::Leer)},
@@ -174,7 +174,7 @@ std::vector<Element> aufbauen()
         {"em832_sued", "Empfängermodul Fahrtrichtung Süd", 832, 0, 830, 5, melder(Art::Modul, P::N, P::S)},
         {"em833_nord", "Empfängermodul Fahrtrichtung Nord", 833, 0, 830, 5, melder(Art::Modul, P::S, P::N)},
 
-        // Universal block controller cells (460 values each, Part 1.6).
+        // Universal block controller cells (460 values each).
         {"us840_waag", "Universal-Blocksteuerung waagerecht", 840, 1, 840, 5,
          melder(Art::Blocksteuerung, P::W, P::O)},
         {"us841_senk", "Universal-Blocksteuerung senkrecht", 841, 0, 840, 5,

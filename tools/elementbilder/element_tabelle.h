@@ -1,6 +1,6 @@
 #pragma once
 // The element catalogue as one table: every line of Elemente.cfg and every
-// picture written for it come from here (Part 1.6).
+// picture written for it come from here.
 
 #include "geometrie.h"
 
@@ -34,7 +34,7 @@ struct Bein {
     bool da = false;
 };
 
-// Signal heads, in the order of the element's addresses (Part 3.4).
+// Signal heads, in the order of the element's addresses.
 enum class Kopf { Haupt, Vor, Rangier };
 
 struct Bild {

@@ -9,7 +9,7 @@
 
 namespace planor::elementbilder {
 
-// Part 3.1: a data cell of the plan grid is 84 x 54 pixels.
+// A data cell of the plan grid is 84 x 54 pixels.
 inline constexpr int Breite = 84;
 inline constexpr int Hoehe = 54;
 

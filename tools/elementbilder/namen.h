@@ -1,6 +1,6 @@
 #pragma once
-// File names of an element's pictures, by the rules of Parts 1.6 and 3.6 and
-// spec-notes: Bmp, BmpAusw ("_mon"), the marking picture ("_ausw") and the
+// File names of an element's pictures, by the rules the program loads them
+// by: Bmp, BmpAusw ("_mon"), the marking picture ("_ausw") and the
 // monitor's state pictures, named from Bmp up to and including its first "_".
 
 #include "element_tabelle.h"
@@ -15,11 +15,11 @@ QString monitorName(const Element& e);
 QString markierungsName(const Element& e);
 
 // The letters of every state picture that set_mon_mag may load for the type,
-// besides the element's own Bmp (Part 3.6).
+// besides the element's own Bmp.
 QStringList zustaende(int typ);
 QString zustandsName(const Element& e, const QString& buchstaben);
 
-// Picture used by the printer for empty cells (Part 8.1).
+// Picture used by the printer for empty cells.
 inline constexpr const char* WeissName = "weiss.bmp";
 inline constexpr const char* KatalogName = "Elemente.cfg";
 

@@ -11,7 +11,7 @@ namespace planor::elementbilder {
 
 // What a picture shows: the plan picture (turnouts diverging, signals at
 // stop, which the monitor also uses for state "r"), the monitor's picture
-// before any state is known, or a state picture with its letters (Part 3.6).
+// before any state is known, or a state picture with its letters.
 struct Zustand {
     bool monitor = false;
     QString buchstaben{};

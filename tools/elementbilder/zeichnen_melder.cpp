@@ -108,7 +108,7 @@ void modulPlan(QPainter& p, const Rahmen& r)
     pfeil(p, QPointF(r.versatz - r.richtung * l, -17), QPointF(r.versatz + r.richtung * l, -17), farbe::Weiss, 2.2, 7);
 }
 
-// Monitor (Part 3.6): the cell shows the reported locomotive in its centre,
+// Monitor: the cell shows the reported locomotive in its centre,
 // so the centre is a light display and the sensors move to the ends.
 void melderMonitor(QPainter& p, const Bild& bild, const Rahmen& r)
 {

@@ -1,7 +1,7 @@
 // Signals: the track through the cell and the signal beside it, on the right
 // of the direction of travel, its heads towards the approaching train. The
 // letters of a state name the heads in the order of the addresses (main,
-// then distant or shunting); "r" is stop, "g" clear (Part 3.6).
+// then distant or shunting); "r" is stop, "g" clear.
 
 #include "zeichnen.h"
 

@@ -1,5 +1,5 @@
 // Turnouts and elements with two drives. The plan picture of a one-address
-// turnout is also its "red" picture in the monitor (Part 3.6), so it must look
+// turnout is also its "red" picture in the monitor, so it must look
 // like a plain plan symbol and still show the position: the leg that is not
 // set keeps its colour but is interrupted just behind the frog, the usual
 // mark of a Gleisbildstellpult.
