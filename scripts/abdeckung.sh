@@ -7,6 +7,9 @@ set -euo pipefail
 cd "$(git rev-parse --show-toplevel)"
 bau=${1:-build-abdeckung}
 
+# Instrumented objects carry their tree's absolute paths (.gcno, .gcda); a cache
+# hit from another checkout would count lines there, so hash the full paths.
+unset CCACHE_BASEDIR CCACHE_NOHASHDIR
 launcher=()
 command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 cmake -S . -B "$bau" -G Ninja -DCMAKE_BUILD_TYPE=Debug "${launcher[@]}" \
@@ -26,17 +29,20 @@ python3 - "$bau" <<'PY'
 import json, os, re, subprocess, sys
 bau = sys.argv[1]
 root = os.getcwd()
+bau_rel = os.path.relpath(os.path.abspath(bau), root)
 ordner = set()
 for e in json.load(open(os.path.join(bau, "compile_commands.json"))):
     if "/planor_core.dir/" not in e.get("output", "") + e["command"]:
         continue
     rel = os.path.relpath(e["file"], root)
-    if rel.startswith("..") or rel.startswith(bau) or "/ui/" in rel:
+    if rel.startswith("..") or rel.startswith(bau_rel + "/") or "/ui/" in rel:
         continue
     ordner.add(os.path.dirname(rel))
 muster = re.escape(root) + "/(" + "|".join(sorted(map(re.escape, ordner))) + r")/[^/]+\.(cpp|h)$"
 summary = os.path.join(bau, "abdeckung.json")
+# CMake's compiler probe leaves a .gcno without sources; skip it.
 subprocess.run(["gcovr", "-r", root, "--object-directory", bau, "-j", "2",
+                "--exclude-directories", re.escape(os.path.join(root, bau)) + "/CMakeFiles/[0-9.]+",
                 "--filter", muster, "--json-summary", summary],
                check=True, stdout=subprocess.DEVNULL)
 je = {}
