@@ -75,52 +75,40 @@ TEST_F(Grundeinstellungen, FieldLimits)
     }
 }
 
-TEST_F(Grundeinstellungen, OkStoresAllFieldsAndLeavesLncv17)
+TEST_F(Grundeinstellungen, OkStoresLncv19AsHalfSecondsAndLncv18AsItIs)
 {
     anlage.Grundeinst.LNCV17 = 5;
     Grundeinstellungen_Form form = geoeffnet();
-    EXPECT_EQ(form.StartupZeitTxt, QStringLiteral("5")) << "half of LNCV 19";
     form.FeldAnzX = QStringLiteral("45");
     form.FeldAnzY = QStringLiteral("12");
     form.BlkStatChk = false;
     form.AllgOptChk = {false, true, true};
     opSpur_Click(form, 3);
     form.Geschw_Txt = QStringLiteral("50");
-    form.AutomZeitTxt = QStringLiteral("30");
-    form.StartupZeitTxt = QStringLiteral("3");
+    form.AutomZeitTxt = QStringLiteral("200");
+    form.StartupZeitTxt = QStringLiteral("7");
     ASSERT_TRUE(OK_But_Click(form, anlage));
     EXPECT_EQ(anlage.DimensionenX, 45);
     EXPECT_EQ(anlage.DimensionenY, 12);
     Grundeinst_Typ erwartet;
-    erwartet.BlkZustMeld = 0;
-    erwartet.BetriebszustSpeichern = 0;
+    erwartet.BlkZustMeld = erwartet.BetriebszustSpeichern = 0;
     erwartet.ZugKatRD2_47231 = 1;
     erwartet.LNCV14 = Unsig_to_Int(50 * 810 + 3);
     erwartet.LNCV17 = 5;  // no control: untouched
-    erwartet.LNCV18 = 30;
-    erwartet.LNCV19 = 6;
+    erwartet.LNCV18 = 200;
+    erwartet.LNCV19 = 14;
     EXPECT_EQ(anlage.Grundeinst, erwartet);
     const Grundeinstellungen_Form wieder = geoeffnet();
     EXPECT_EQ(wieder.opSpur, 3);
     EXPECT_EQ(wieder.Geschw_Txt, QStringLiteral("50"));
     EXPECT_EQ(wieder.AllgOptChk, (std::array<bool, 3>{false, true, true}));
-}
-
-TEST_F(Grundeinstellungen, OkStoresLncv19AsHalfSecondsAndLncv18AsItIs)
-{
-    Grundeinstellungen_Form form = geoeffnet();
-    form.StartupZeitTxt = QStringLiteral("7");
-    form.AutomZeitTxt = QStringLiteral("200");
-    ASSERT_TRUE(OK_But_Click(form, anlage));
-    EXPECT_EQ(anlage.Grundeinst.LNCV19, 14);
-    EXPECT_EQ(anlage.Grundeinst.LNCV18, 200);
     // An odd LNCV 19 loses its half second through the form.
     anlage.Grundeinst.LNCV19 = 11;
     ASSERT_TRUE(OK_But_Click(geoeffnet(), anlage));
     EXPECT_EQ(anlage.Grundeinst.LNCV19, 10);
     // Dash and empty count as 0; H0 at distance 0 is just the scale's index.
     form.AutomZeitTxt = QString();
-    form.StartupZeitTxt = QStringLiteral("-");
+    form.StartupZeitTxt = form.Geschw_Txt = QStringLiteral("-");
     opSpur_Click(form, 2);
     ASSERT_TRUE(OK_But_Click(form, anlage));
     EXPECT_EQ(anlage.Grundeinst.LNCV18, 0);
@@ -165,26 +153,19 @@ TEST_F(Grundeinstellungen, DistanceTooLargeFor16BitsIsRefused)
     opSpur_Click(form, 2);  // H0, 1566: 156600 does not fit
     form.Geschw_Txt = QStringLiteral("100");
     Geschw_Txt_Change(form);
+    form.FeldAnzY = QStringLiteral("40");
+    FeldAnzY_Change(form);  // one accepted field does not enable OK while another is refused
     EXPECT_FALSE(OK_But_Enabled(form));
-    const Grundeinst_Typ vorher = anlage.Grundeinst;
     EXPECT_FALSE(OK_But_Click(form, anlage));
-    EXPECT_EQ(anlage.Grundeinst, vorher);
+    EXPECT_EQ(anlage.Grundeinst, Grundeinst_Typ{});
+    Grundeinstellungen_Form ungeprueft = geoeffnet();
+    ungeprueft.FeldAnzY = QStringLiteral("100");
+    EXPECT_FALSE(OK_But_Click(ungeprueft, anlage)) << "OK checks anew, even when no change handler ran";
+    EXPECT_EQ(anlage.DimensionenY, NeueDimension);
     opSpur_Click(form, 4);  // a click on a scale checks the distance anew: 57600
     EXPECT_TRUE(form.Geschw_Pruefung.gueltig);
     opSpur_Click(form, 0);  // 288000
     EXPECT_FALSE(form.Geschw_Pruefung.gueltig);
-    // One accepted field does not enable OK while another is refused, and OK
-    // checks anew even when no change handler ran.
-    Grundeinstellungen_Form zwei = geoeffnet();
-    zwei.FeldAnzX = QStringLiteral("100");
-    FeldAnzX_Change(zwei);
-    zwei.FeldAnzY = QStringLiteral("40");
-    FeldAnzY_Change(zwei);
-    EXPECT_FALSE(OK_But_Enabled(zwei));
-    Grundeinstellungen_Form ungeprueft = geoeffnet();
-    ungeprueft.FeldAnzY = QStringLiteral("100");
-    EXPECT_FALSE(OK_But_Click(ungeprueft, anlage));
-    EXPECT_EQ(anlage.DimensionenY, NeueDimension);
 }
 
 TEST_F(Grundeinstellungen, ExistingModulesKeepTheirValues)
@@ -212,7 +193,6 @@ TEST_F(Grundeinstellungen, ExistingModulesKeepTheirValues)
     EXPECT_EQ(neu.XY_LNCV(19), 40);
     EXPECT_EQ(neu.XY_LNCV(15), 1);
     EXPECT_EQ(neu.XY_BlkMeld, 0);
-    EXPECT_EQ(vorher.XY_LNCV(18), 10);
 }
 
 // A handler called with an index outside the control array reports error 9

@@ -44,16 +44,46 @@ inline void ohneHardware(Programm& programm, MainWin& win)
     programm.einstellungen.ComPortGeraet = QStringLiteral("/dev/planor-gibt-es-nicht");
 }
 
+// A transport that cannot be opened, as a simulator that is not there.
+struct OhneVerbindung final : Transport {
+    bool oeffnen(QString& fehler) override
+    {
+        fehler = QStringLiteral("Der Simulator läuft nicht.");
+        return false;
+    }
+    void schliessen() override {}
+    bool istOffen() const override { return false; }
+    bool schreiben(const QByteArray&) override { return false; }
+};
+
 // A program folder of its own for each test, Fehler.log inside it, the clock
-// standing still and error reports collected.
+// standing still, error reports collected, and the program in it with a
+// simulator that fails to open `scheitern` times.
 struct Programmordner {
     Programmordner() { FehlerbehandlungEinrichten({datei(QStringLiteral("Fehler.log")), &uhr, &berichte}); }
     QString datei(const QString& name) const { return ordner.filePath(name); }
     QString cfg() const { return datei(QStringLiteral("Planor.CFG")); }
 
+    // A new program on the folder, its splash form answered.
+    Programm& neu()
+    {
+        programm = std::make_unique<Programm>(ordner.path());
+        programm->simulator = [this]() -> std::unique_ptr<Transport> {
+            ++erzeugt;
+            if (scheitern-- > 0)
+                return std::make_unique<OhneVerbindung>();
+            return std::make_unique<GeruestTransport>(systemUhr);
+        };
+        startDruecken();
+        return *programm;
+    }
+
     QTemporaryDir ordner;
     TestUhr uhr{QDateTime(QDate(2026, 11, 21), QTime(9, 5, 7))};
+    SystemUhr systemUhr;
     BerichtSammler berichte;
+    std::unique_ptr<Programm> programm;
+    int erzeugt = 0, scheitern = 0;
 };
 
 // Answers the next file dialog with a path as a user does (to the folder,

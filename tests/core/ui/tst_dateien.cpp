@@ -20,16 +20,14 @@ private slots:
     void init()
     {
         p = std::make_unique<Programmordner>();
-        starten();
-        ersterStartMitSimulation(*programm);
-        win = &programm->starten();
+        ersterStartMitSimulation(p->neu());
+        win = &p->programm->starten();
     }
 
     void cleanup()
     {
         wartendeBeenden();
         QCOMPARE(p->berichte.texte, QStringList());
-        programm.reset();
     }
 
     // The basic settings as typed: a distance too long for the scale turns
@@ -50,10 +48,10 @@ private slots:
         });
         aktion("NeuesPultMenu")->trigger();
         QVERIFY(zuWeitGesperrt);
-        QCOMPARE(programm->anlage.Pfad + programm->anlage.File, p->datei(QStringLiteral("Neu.anl")));
+        QCOMPARE(anlage().Pfad + anlage().File, p->datei(QStringLiteral("Neu.anl")));
         QCOMPARE(win->bereich().Pult->model()->columnCount(), 12);
-        QCOMPARE(Int_to_Unsig(programm->anlage.Grundeinst.LNCV14), Long(40 * 1566 + 2));
-        QCOMPARE(programm->anlage.Grundeinst.BlkZustMeld, Integer(0));
+        QCOMPARE(Int_to_Unsig(anlage().Grundeinst.LNCV14), Long(40 * 1566 + 2));
+        QCOMPARE(anlage().Grundeinst.BlkZustMeld, Integer(0));
         QVERIFY(aktion("PultSpeichernMenu")->isEnabled());
     }
 
@@ -61,10 +59,10 @@ private slots:
     {
         neueAnlage(QStringLiteral("Plan.anl"));
         win->editor().setzeAktuell(3, 4);
-        win->editor().SetzePultElement(programm->katalog.indexVonTyp(101));
-        programm->anlage.XY(3, 4).XY_ADR1 = 77;
+        win->editor().SetzePultElement(typ(101));
+        anlage().XY(3, 4).XY_ADR1 = 77;
         aktion("PultSpeichernMenu")->trigger();
-        QCOMPARE(programm->anlage.PultGeaendert, Integer(0));
+        QCOMPARE(anlage().PultGeaendert, Integer(0));
         QVERIFY(lesen(p->datei(QStringLiteral("Plan.anl"))).contains("\r\nXY_ADR1: 3, 4, 77\r\n"));
 
         QDir(p->ordner.path()).mkdir(QStringLiteral("kopie"));
@@ -72,12 +70,12 @@ private slots:
         aktion("PultSpeichernUnterMenu")->trigger();
         QVERIFY(QFile::exists(p->datei(QStringLiteral("kopie/Kopie.anl"))));
 
-        programm->anlage.XY(3, 4).XY_ADR1 = 1;
+        anlage().XY(3, 4).XY_ADR1 = 1;
         dateiWaehlen(p->datei(QStringLiteral("Plan.anl")));
         aktion("PultLadenMenu")->trigger();
-        QCOMPARE(programm->anlage.XY(3, 4).XY_ADR1, Integer(77));
-        QCOMPARE(programm->anlage.File, QStringLiteral("Plan.anl"));
-        QCOMPARE(programm->anlage.PultGeaendert, Integer(0));
+        QCOMPARE(anlage().XY(3, 4).XY_ADR1, Integer(77));
+        QCOMPARE(anlage().File, QStringLiteral("Plan.anl"));
+        QCOMPARE(anlage().PultGeaendert, Integer(0));
         QVERIFY(win->bereich().Pult->isVisible());
     }
 
@@ -85,13 +83,12 @@ private slots:
     {
         neueAnlage(QStringLiteral("Letzte.anl"));
         win->editor().setzeAktuell(2, 2);
-        win->editor().SetzePultElement(programm->katalog.indexVonTyp(9));
+        win->editor().SetzePultElement(typ(9));
         aktion("PultSpeichernMenu")->trigger();
         QVERIFY(win->close());
-        starten();
-        win = &programm->starten();
-        QCOMPARE(programm->anlage.File, QStringLiteral("Letzte.anl"));
-        QCOMPARE(programm->anlage.XY(2, 2).XY_Element, programm->katalog.indexVonTyp(9));
+        win = &p->neu().starten();
+        QCOMPARE(anlage().File, QStringLiteral("Letzte.anl"));
+        QCOMPARE(anlage().XY(2, 2).XY_Element, typ(9));
         QVERIFY(win->bereich().Pult->isVisible() && aktion("PultSpeichernMenu")->isEnabled());
     }
 
@@ -100,7 +97,7 @@ private slots:
         neueAnlage(QStringLiteral("Ende.anl"));
         aktion("PultSpeichernMenu")->trigger();
         win->editor().setzeAktuell(5, 5);
-        win->editor().SetzePultElement(programm->katalog.indexVonTyp(9));
+        win->editor().SetzePultElement(typ(9));
         wennSichtbar(QStringLiteral("ExitFrage"), [](QWidget* w) { klick(w, QMessageBox::Yes); });
         QVERIFY(win->close());
         QVERIFY(lesen(p->datei(QStringLiteral("Ende.anl"))).contains("\r\nXY: 5, 5, 9\r\n"));
@@ -109,7 +106,7 @@ private slots:
     void ExitWithYesForAProjectNeverSavedAsksForAName()
     {
         neueAnlage(QStringLiteral("NieGespeichert.anl"));
-        win->editor().SetzePultElement(programm->katalog.indexVonTyp(9));
+        win->editor().SetzePultElement(typ(9));
         wennSichtbar(QStringLiteral("ExitFrage"), [this](QWidget* w) {
             dateiWaehlen(p->datei(QStringLiteral("Gerettet.anl")));
             klick(w, QMessageBox::Yes);
@@ -119,13 +116,9 @@ private slots:
     }
 
 private:
+    Anlage& anlage() { return p->programm->anlage; }
+    Integer typ(int t) { return p->programm->katalog.indexVonTyp(t); }
     QAction* aktion(const char* name) { return win->findChild<QAction*>(QLatin1String(name)); }
-
-    void starten()
-    {
-        programm = std::make_unique<Programm>(p->ordner.path());
-        startDruecken();
-    }
 
     void neueAnlage(const QString& name)
     {
@@ -136,7 +129,6 @@ private:
     }
 
     std::unique_ptr<Programmordner> p;
-    std::unique_ptr<Programm> programm;
     MainWin* win = nullptr;
 };
 

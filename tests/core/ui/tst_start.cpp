@@ -4,31 +4,18 @@
 #include "tests/support/gui_start.h"
 
 #include <QAction>
-#include <QLineEdit>
 
 using namespace planor;
 using namespace planor::test;
 
 namespace {
 
-// A transport that cannot be opened, as a simulator that is not there.
-struct OhneVerbindung final : Transport {
-    bool oeffnen(QString& fehler) override
-    {
-        fehler = QStringLiteral("Der Simulator läuft nicht.");
-        return false;
-    }
-    void schliessen() override {}
-    bool istOffen() const override { return false; }
-    bool schreiben(const QByteArray&) override { return false; }
-};
-
 void mitSimulation(QWidget* form)
 {
     klick(form, QStringLiteral("IntOpt(4)"));
     klick(form, QStringLiteral("OK_But"));
 }
-void ende(QWidget* form) { klick(form, QStringLiteral("End_But")); }
+
 void bestaetigen(QWidget* box) { klick(box, QMessageBox::Ok); }
 
 }  // namespace
@@ -37,35 +24,20 @@ class TstStart : public QObject {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        p = std::make_unique<Programmordner>();
-        programm = std::make_unique<Programm>(p->ordner.path());
-        programm->simulator = [this]() -> std::unique_ptr<Transport> {
-            ++erzeugt;
-            if (scheitern-- > 0)
-                return std::make_unique<OhneVerbindung>();
-            return std::make_unique<GeruestTransport>(systemUhr);
-        };
-        erzeugt = scheitern = 0;
-        startDruecken();
-    }
+    void init() { p = std::make_unique<Programmordner>(); }
 
     void cleanup()
     {
         wartendeBeenden();
         QCOMPARE(p->berichte.texte, QStringList());
-        programm.reset();
     }
 
     void FirstStartConnectsAndOffersNoProjectMenus()
     {
         FensterAntworten antworten({{QStringLiteral("Erststart"), mitSimulation}});
-        MainWin& win = programm->starten();
+        MainWin& win = p->neu().starten();
         QCOMPARE(antworten.gesehen, QStringList{QStringLiteral("Erststart")});
-        QVERIFY(programm->ersterStart() && !programm->beendet() && win.isVisible());
-        QVERIFY(win.schnittstelle().istOffen());
-        QCOMPARE(erzeugt, 1);
+        QVERIFY(p->programm->ersterStart() && !p->programm->beendet() && win.schnittstelle().istOffen());
         QVERIFY(lesen(p->cfg()).contains("\r\nVerbindungsart:              2 \r\n"));
         for (const char* name : {"BearbeitenMenu", "PultSpeichernMenu", "KonfHauptMenu", "ProgHauptMenu"})
             QVERIFY2(!win.findChild<QAction*>(QLatin1String(name))->isEnabled(), name);
@@ -73,50 +45,50 @@ private slots:
 
     void FailedConnectionShowsTheMessageAndErststartAgain()
     {
-        scheitern = 2;
+        p->scheitern = 2;
         FensterAntworten antworten({{QStringLiteral("Erststart"), mitSimulation}, {QStringLiteral("Meldung"), bestaetigen}});
-        MainWin& win = programm->starten();
+        MainWin& win = p->neu().starten();
         const QString fehlschlag = QStringLiteral("Verbindung öffnen|Der Simulator läuft nicht.|kritisch");
         const QString nochmal = QStringLiteral("Fehler beim Verbinden mit dem Computer|Bitte stellen Sie die "
                                                "Verbindungsdaten richtig ein oder\nverbinden Sie den PC mit der Zentrale.|kritisch");
         QCOMPARE(antworten.gesehen, (QStringList{"Erststart", fehlschlag, nochmal, "Erststart", fehlschlag, nochmal, "Erststart"}));
-        QVERIFY(!programm->beendet() && win.schnittstelle().istOffen());
-        QCOMPARE(erzeugt, 3);
+        QVERIFY(!p->programm->beendet() && win.schnittstelle().istOffen());
+        QCOMPARE(p->erzeugt, 3);
     }
 
     void EndeInErststartEndsTheProgramEvenAfterAFailure()
     {
-        scheitern = 1;
+        p->scheitern = 1;
         int erststarts = 0;
-        FensterAntworten antworten({{QStringLiteral("Erststart"), [&](QWidget* f) { ++erststarts == 1 ? mitSimulation(f) : ende(f); }},
-                                    {QStringLiteral("Meldung"), bestaetigen}});
-        QVERIFY(!programm->starten().isVisible());
+        FensterAntworten antworten(
+            {{QStringLiteral("Erststart"), [&](QWidget* f) { ++erststarts == 1 ? mitSimulation(f) : klick(f, QStringLiteral("End_But")); }},
+             {QStringLiteral("Meldung"), bestaetigen}});
+        QVERIFY(!p->neu().starten().isVisible());
         QCOMPARE(erststarts, 2);
-        QVERIFY(programm->beendet());
-        QCOMPARE(erzeugt, 1);
+        QVERIFY(p->programm->beendet());
+        QCOMPARE(p->erzeugt, 1);
     }
 
     void ALaterStartTakesTheStoredWindowAndSkipsAMissingProject()
     {
         schreiben(p->cfg(), "MainWinWidth: 12000\r\nMainWinHeight: 9000\r\nMainWinLeft: 1500\r\nMainWinTop: 0\r\nPfad:"
                                 + p->ordner.path().toUtf8() + "/weg/\r\nFile:Weg.anl\r\n");
-        MainWin& win = programm->starten();
-        QVERIFY(!programm->ersterStart() && !programm->beendet());
-        QCOMPARE(win.size(), QSize(800, 600));
+        MainWin& win = p->neu().starten();
+        QVERIFY(!p->programm->ersterStart() && !p->programm->beendet());
         QCOMPARE(win.pos().x(), 100);
+        QCOMPARE(win.size(), QSize(800, 600));
         QVERIFY(!win.findChild<QWidget*>(QStringLiteral("Pult"))->isVisible());
-        QVERIFY(!win.findChild<QAction*>(QStringLiteral("PultSpeichernMenu"))->isEnabled());
     }
 
     void CancelledExitHasAlreadyRewrittenTheSettings()
     {
         schreiben(p->cfg(), "; ein Kommentar\r\nComPort: 2\r\n");
-        MainWin& win = programm->starten();
-        programm->anlage.PultGeaendert = 1;
+        MainWin& win = p->neu().starten();
+        p->programm->anlage.PultGeaendert = 1;
         FensterAntworten antworten({{QStringLiteral("ExitFrage"), [](QWidget* w) {
-                                         auto* box = static_cast<QMessageBox*>(w);
-                                         QCOMPARE(box->defaultButton(), box->button(QMessageBox::Cancel));
-                                         klick(box, QMessageBox::Cancel);
+                                         QCOMPARE(static_cast<QMessageBox*>(w)->defaultButton(),
+                                                  static_cast<QMessageBox*>(w)->button(QMessageBox::Cancel));
+                                         klick(w, QMessageBox::Cancel);
                                      }}});
         win.findChild<QAction*>(QStringLiteral("ProgEndeMenu"))->trigger();
         QCOMPARE(antworten.gesehen.size(), 1);
@@ -129,14 +101,12 @@ private slots:
     void OptionMenu1ClosesTheLinkAndWritesTheSettings()
     {
         schreiben(p->cfg(), "ComPort: 1\r\nVerbindungsart: 2\r\n");
-        MainWin& win = programm->starten();
+        MainWin& win = p->neu().starten();
         Long err = -1;
         win.schnittstelle().open_com(err);
         wennSichtbar(QStringLiteral("ComPortForm"), [](QWidget* form) {
             klick(form, QStringLiteral("IntOpt(2)"));
-            auto* nr = kind<QLineEdit>(form, QStringLiteral("ComPortNr_Txt"));
-            nr->selectAll();
-            QTest::keyClicks(nr, QStringLiteral("5"));
+            tippen(kind<QLineEdit>(form, QStringLiteral("ComPortNr_Txt")), QStringLiteral("5"));
             klick(form, QStringLiteral("OK_But"));
         });
         win.findChild<QAction*>(QStringLiteral("OptionMenu(1)"))->trigger();
@@ -160,9 +130,6 @@ private slots:
 
 private:
     std::unique_ptr<Programmordner> p;
-    std::unique_ptr<Programm> programm;
-    SystemUhr systemUhr;
-    int erzeugt = 0, scheitern = 0;
 };
 
 QTEST_MAIN(TstStart)
