@@ -63,9 +63,11 @@ inline QByteArray datei(const QString& pfad)
     return f.readAll();
 }
 
+#ifdef PLANOR_TESTDATA
 // A file of tests/data, by its path below that folder.
 inline QString testdaten(const QString& name) { return QStringLiteral(PLANOR_TESTDATA "/") + name; }
 inline QByteArray golden(const QString& name) { return datei(testdaten(name)); }
+#endif
 
 // A template for the same reason as PrintTo: a file's own writer still wins.
 template <typename = void>

@@ -98,22 +98,6 @@ private slots:
         QVERIFY(neu.contains("\r\nComPort:  2 \r\n") && !neu.contains("Kommentar"));
     }
 
-    void OptionMenu1ClosesTheLinkAndWritesTheSettings()
-    {
-        schreiben(p->cfg(), "ComPort: 1\r\nVerbindungsart: 2\r\n");
-        MainWin& win = p->neu().starten();
-        Long err = -1;
-        win.schnittstelle().open_com(err);
-        wennSichtbar(QStringLiteral("ComPortForm"), [](QWidget* form) {
-            klick(form, QStringLiteral("IntOpt(2)"));
-            tippen(kind<QLineEdit>(form, QStringLiteral("ComPortNr_Txt")), QStringLiteral("5"));
-            klick(form, QStringLiteral("OK_But"));
-        });
-        win.findChild<QAction*>(QStringLiteral("OptionMenu(1)"))->trigger();
-        QVERIFY(!win.schnittstelle().istOffen());
-        QVERIFY(lesen(p->cfg()).contains("\r\nComPort:  5 \r\n"));
-    }
-
     void ErrorReportShowsACriticalBox()
     {
         QString gesehen;
