@@ -8,7 +8,9 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <memory>
+#include <type_traits>
 
 namespace planor {
 
@@ -107,6 +109,15 @@ struct PultOpt_Typ {
 
     bool operator==(const PultOpt_Typ&) const = default;
 };
+
+// The project file and the modules' 16-bit values rely on these widths, and
+// clearing or copying a cell copies the record as one block.
+static_assert(std::is_same_v<decltype(XY_Typ::XY_ArtNr), std::int32_t>);
+static_assert(std::is_same_v<decltype(XY_Typ::XY_Version), std::int16_t>);
+static_assert(std::is_same_v<decltype(XY_Typ::XY_BETR), std::int16_t>);
+static_assert(std::is_same_v<decltype(Grundeinst_Typ::LNCV14), std::int16_t>);
+static_assert(std::is_same_v<decltype(PultOpt_Typ::PultOptGPLocked), bool>);
+static_assert(std::is_trivially_copyable_v<XY_Typ>, "a cell copies as one block");
 
 // The project object: one per process, holding everything a project is.
 class Anlage {

@@ -1,12 +1,12 @@
-// Part 1.1: ExitFrage.
+// The question on leaving the program: what it saves, and whether it ends.
 #include "core/exit_frage.h"
 
 #include "core/panel_model.h"
 #include "tests/support/berichte.h"
-
-#include <QFile>
+#include "tests/support/daten.h"
 
 using namespace planor;
+using namespace planor::test;
 
 namespace {
 
@@ -15,8 +15,7 @@ struct Ablauf final : ExitFrageUmgebung {
     void Save_conf() override { schritte << QStringLiteral("Save_conf"); }
     Antwort frage(const QString& titel, const QString& text) override
     {
-        schritte << QStringLiteral("frage");
-        gefragt = titel + u'|' + text;
+        schritte << titel + u'|' + text;
         return antwort;
     }
     std::optional<QString> speichernUnter() override
@@ -24,92 +23,67 @@ struct Ablauf final : ExitFrageUmgebung {
         schritte << QStringLiteral("speichernUnter");
         return wahl;
     }
-    void Save_plt() override { schritte << QStringLiteral("Save_plt"); }
+    void Save_plt() override
+    {
+        schritte << QStringLiteral("Save_plt");
+        if (scheitern)
+            throw Laufzeitfehler(Fehlernummer::PfadDateiZugriff);
+    }
 
     Antwort antwort = Antwort::Abbrechen;
     std::optional<QString> wahl;
+    bool scheitern = false;
     QStringList schritte;
-    QString gefragt;
-};
-
-class Part1_1 : public test::MitFehlerbericht {
-protected:
-    Anlage anlage;
-    Ablauf ablauf;
 };
 
 }  // namespace
 
-TEST_F(Part1_1, UnchangedProjectEndsAfterSavingTheSettings)
-{
-    anlage.PultGeaendert = 0;
-    EXPECT_TRUE(ExitFrage(anlage, ablauf));
-    EXPECT_EQ(ablauf.schritte, QStringList{QStringLiteral("Save_conf")});
-}
+class Programmende : public MitFehlerbericht {};
 
-TEST_F(Part1_1, CancelledExitHasAlreadyRewrittenTheSettings)
+TEST_F(Programmende, StepsByAnswer)
 {
-    anlage.PultGeaendert = 1;
-    ablauf.antwort = Antwort::Abbrechen;
-    EXPECT_FALSE(ExitFrage(anlage, ablauf));
-    EXPECT_EQ(ablauf.schritte, (QStringList{QStringLiteral("Save_conf"), QStringLiteral("frage")}));
-    EXPECT_EQ(ablauf.gefragt,
-              QStringLiteral("Achtung: Sie haben das Programm beendet!|Sollen die Daten gespeichert werden?"));
-}
-
-TEST_F(Part1_1, NoEndsWithoutSaving)
-{
-    anlage.PultGeaendert = 1;
-    ablauf.antwort = Antwort::Nein;
-    EXPECT_TRUE(ExitFrage(anlage, ablauf));
-    EXPECT_FALSE(ablauf.schritte.contains(QStringLiteral("Save_plt")));
-}
-
-TEST_F(Part1_1, YesSavesToAnExistingProjectFile)
-{
-    QFile datei(ordner.filePath(QStringLiteral("Demo.anl")));
-    ASSERT_TRUE(datei.open(QIODevice::WriteOnly));
-    datei.close();
-    anlage.Pfad = ordner.path() + u'/';
-    anlage.File = QStringLiteral("Demo.anl");
-    anlage.PultGeaendert = 1;
-    ablauf.antwort = Antwort::Ja;
-    EXPECT_TRUE(ExitFrage(anlage, ablauf));
-    EXPECT_EQ(ablauf.schritte,
-              (QStringList{QStringLiteral("Save_conf"), QStringLiteral("frage"), QStringLiteral("Save_plt")}));
-}
-
-TEST_F(Part1_1, YesWithoutAFileAsksForANameAndSavesThere)
-{
-    anlage.Pfad = QStringLiteral("/gibt/es/nicht/");
-    anlage.File = QStringLiteral("Weg.anl");
-    anlage.PultGeaendert = 1;
-    ablauf.antwort = Antwort::Ja;
-    ablauf.wahl = QStringLiteral("/home/anna/Anlagen/Neu/Neu.anl");
-    EXPECT_TRUE(ExitFrage(anlage, ablauf));
-    EXPECT_EQ(ablauf.schritte.last(), QStringLiteral("Save_plt"));
-    EXPECT_EQ(anlage.Pfad, QStringLiteral("/home/anna/Anlagen/Neu/"));
-    EXPECT_EQ(anlage.File, QStringLiteral("Neu.anl"));
-}
-
-TEST_F(Part1_1, YesWithCancelledDialogEndsWithoutSavingAsDesigned)
-{
-    anlage.PultGeaendert = 1;
-    ablauf.antwort = Antwort::Ja;
-    EXPECT_TRUE(ExitFrage(anlage, ablauf));
-    EXPECT_EQ(ablauf.schritte.last(), QStringLiteral("speichernUnter"));
-}
-
-TEST_F(Part1_1, ErrorWhileSavingKeepsTheProgramRunning)
-{
-    struct Scheitert final : ExitFrageUmgebung {
-        void Save_conf() override {}
-        Antwort frage(const QString&, const QString&) override { return Antwort::Ja; }
-        std::optional<QString> speichernUnter() override { return QStringLiteral("/x/y.anl"); }
-        void Save_plt() override { throw Laufzeitfehler(Fehlernummer::PfadDateiZugriff); }
-    } scheitert;
-    anlage.PultGeaendert = 1;
-    EXPECT_FALSE(ExitFrage(anlage, scheitert));
-    ASSERT_EQ(berichte.texte.size(), 1);
-    EXPECT_TRUE(berichte.texte.front().startsWith(QStringLiteral(" Fehler in : Funktionen : ExitFrage\n")));
+    const QString F = QStringLiteral("Achtung: Sie haben das Programm beendet!|Sollen die Daten gespeichert werden?");
+    const QString C = QStringLiteral("Save_conf"), U = QStringLiteral("speichernUnter"), P = QStringLiteral("Save_plt");
+    schreiben(ordner.filePath(QStringLiteral("Da.anl")), {});
+    const struct Fall {
+        Integer geaendert;
+        Antwort antwort;
+        const char* file;  // the project file; "Da.anl" exists
+        std::optional<QString> wahl;
+        bool scheitern;
+        QStringList schritte;
+        bool endet;
+    } faelle[] = {
+        {0, Antwort::Ja, "Da.anl", {}, false, {C}, true},
+        // the settings are rewritten even when leaving is cancelled
+        {1, Antwort::Abbrechen, "Da.anl", {}, false, {C, F}, false},
+        {1, Antwort::Nein, "Da.anl", {}, false, {C, F}, true},
+        {1, Antwort::Ja, "Da.anl", {}, false, {C, F, P}, true},
+        {1, Antwort::Ja, "Weg.anl", QStringLiteral("/home/anna/Neu/Neu.anl"), false, {C, F, U, P}, true},
+        // yes, then no name chosen: the program still ends, unsaved
+        {1, Antwort::Ja, "Weg.anl", {}, false, {C, F, U}, true},
+        // a failed save keeps the program running, with the error report
+        {1, Antwort::Ja, "Da.anl", {}, true, {C, F, P}, false},
+    };
+    for (const Fall& f : faelle) {
+        SCOPED_TRACE(&f - faelle);
+        Anlage anlage;
+        anlage.Pfad = ordner.path() + u'/';
+        anlage.File = QLatin1String(f.file);
+        anlage.PultGeaendert = f.geaendert;
+        Ablauf ablauf;
+        ablauf.antwort = f.antwort;
+        ablauf.wahl = f.wahl;
+        ablauf.scheitern = f.scheitern;
+        EXPECT_EQ(ExitFrage(anlage, ablauf), f.endet);
+        EXPECT_EQ(ablauf.schritte, f.schritte);
+        if (f.wahl) {
+            EXPECT_EQ(anlage.Pfad + anlage.File, *f.wahl) << "saved where chosen";
+        }
+        EXPECT_EQ(berichte.texte.size(), f.scheitern ? 1 : 0);
+        if (f.scheitern) {
+            EXPECT_TRUE(berichte.texte.front().startsWith(QStringLiteral(" Fehler in : Funktionen : ExitFrage\n")));
+        }
+        berichte.texte.clear();
+    }
 }

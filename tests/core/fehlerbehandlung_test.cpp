@@ -1,24 +1,18 @@
-// Conventions "Failures": the error report and the guard of every procedure.
+// The error report: its box, its log file, and the guard every procedure runs under.
 #include "core/fehlerbehandlung.h"
 
 #include "core/panel_model.h"
 #include "tests/support/berichte.h"
-
-#include <QFile>
+#include "tests/support/daten.h"
 
 using namespace planor;
+using namespace planor::test;
 
 namespace {
 
-class Fehlerbericht : public test::MitFehlerbericht {};
+class Fehlerbericht : public MitFehlerbericht {};
 
-QByteArray lesen(const QString& datei)
-{
-    QFile f(datei);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-// A procedure of the spec's shape: guarded, default result 0.
+// A guarded procedure with the default result 0.
 int Prozedur(Anlage& a, int x)
 {
     return geschuetzt("Funktionen : Prozedur", 0, [&] { return int(a.XY(x, 1).XY_ADR1) + 1; });
@@ -44,66 +38,38 @@ TEST_F(Fehlerbericht, LogGetsThreeLinesAppendedInWindows1252)
     Fehlerbehandlung(QStringLiteral("LocoNet : Read_Lncv"), Laufzeitfehler(Fehlernummer::IndexAusserhalb));
     uhr.weiter(61'000);
     Fehlerbehandlung(QStringLiteral("Funktionen : X"), Laufzeitfehler(Fehlernummer::Ueberlauf));
-    EXPECT_EQ(lesen(logDatei()),
+    EXPECT_EQ(datei(logDatei()),
               QByteArray("### 21.11.2026 - 09:05:07 :\r\n"
                          "     Fehler in : LocoNet : Read_Lncv\r\n"
                          "     Fehlernummer: 9 -> Index au\xDF" "erhalb des g\xFCltigen Bereichs\r\n"
                          "### 21.11.2026 - 09:06:08 :\r\n"
                          "     Fehler in : Funktionen : X\r\n"
                          "     Fehlernummer: 6 -> \xDC" "berlauf\r\n"));
-}
-
-TEST_F(Fehlerbericht, LogThatCannotBeWrittenStillShowsTheReport)
-{
-    FehlerbehandlungEinrichten({ordner.filePath(QStringLiteral("fehlt/gibt/es/nicht/Fehler.log")), &uhr, &berichte});
+    // A log that cannot be written still leaves the box.
+    FehlerbehandlungEinrichten({ordner.filePath(QStringLiteral("fehlt/Fehler.log")), &uhr, &berichte});
     Fehlerbehandlung(QStringLiteral("A : B"), Laufzeitfehler(Fehlernummer::PfadDateiZugriff));
-    EXPECT_EQ(berichte.texte.size(), 1);
+    EXPECT_EQ(berichte.texte.size(), 3);
 }
 
-TEST_F(Fehlerbericht, GuardReportsUnderItsLabelAndReturnsTheDefault)
+TEST_F(Fehlerbericht, GuardReportsUnderItsLabelAndTheCallerCarriesOn)
 {
     Anlage a;
     a.XY(5, 1).XY_ADR1 = 41;
     EXPECT_EQ(Prozedur(a, 5), 42);
     EXPECT_TRUE(berichte.texte.isEmpty());
-
-    EXPECT_EQ(Prozedur(a, 100), 0);
-    ASSERT_EQ(berichte.texte.size(), 1);
-    EXPECT_TRUE(berichte.texte.front().startsWith(
-        QStringLiteral(" Fehler in : Funktionen : Prozedur\n Fehlernummer: 9 -> Index außerhalb des gültigen Bereichs\n")));
-}
-
-TEST_F(Fehlerbericht, CallerCarriesOnAfterAGuardedCallFailed)
-{
-    Anlage a;
     int schritte = 0;
     geschuetzt("Funktionen : Aussen", [&] {
-        Prozedur(a, -1);  // reports on its own and gives 0
-        ++schritte;
-        Prozedur(a, 1000);
-        ++schritte;
+        schritte += Prozedur(a, 100) + 1;
+        schritte += Prozedur(a, -1) + 1;
+        throw std::bad_alloc();
     });
-    EXPECT_EQ(schritte, 2);
-    EXPECT_EQ(berichte.texte.size(), 2);
-    EXPECT_TRUE(berichte.texte.at(0).contains(QStringLiteral("Funktionen : Prozedur")));
-}
-
-TEST_F(Fehlerbericht, OtherFailuresAreReportedToo)
-{
-    geschuetzt("Funktionen : Speicher", [] { throw std::bad_alloc(); });
     geschuetzt("Funktionen : Sonst", [] { throw std::logic_error("x"); });
-    ASSERT_EQ(berichte.texte.size(), 2);
-    EXPECT_TRUE(berichte.texte.at(0).contains(QStringLiteral("Fehlernummer: 7 -> Nicht genügend Speicher")));
-    EXPECT_TRUE(berichte.texte.at(1).contains(
+    EXPECT_EQ(schritte, 2) << "each failed call gave its default and the caller went on";
+    ASSERT_EQ(berichte.texte.size(), 4);
+    EXPECT_TRUE(berichte.texte.at(0).startsWith(
+        QStringLiteral(" Fehler in : Funktionen : Prozedur\n Fehlernummer: 9 -> Index außerhalb des gültigen Bereichs\n")));
+    EXPECT_TRUE(berichte.texte.at(2).startsWith(
+        QStringLiteral(" Fehler in : Funktionen : Aussen\n Fehlernummer: 7 -> Nicht genügend Speicher")));
+    EXPECT_TRUE(berichte.texte.at(3).contains(
         QStringLiteral("Fehlernummer: 5 -> Unzulässiger Prozeduraufruf oder ungültiges Argument")));
-}
-
-TEST(Fehlertexte, TheNumbersOfTheSpecNotes)
-{
-    EXPECT_EQ(Fehlerbeschreibung(5), QStringLiteral("Unzulässiger Prozeduraufruf oder ungültiges Argument"));
-    EXPECT_EQ(Fehlerbeschreibung(6), QStringLiteral("Überlauf"));
-    EXPECT_EQ(Fehlerbeschreibung(9), QStringLiteral("Index außerhalb des gültigen Bereichs"));
-    EXPECT_EQ(Fehlerbeschreibung(13), QStringLiteral("Typen unverträglich"));
-    EXPECT_EQ(Fehlerbeschreibung(53), QStringLiteral("Datei nicht gefunden"));
-    EXPECT_EQ(Fehlerbeschreibung(75), QStringLiteral("Fehler beim Zugriff auf Pfad/Datei"));
 }

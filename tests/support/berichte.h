@@ -4,6 +4,8 @@
 
 #include "core/benutzer.h"
 #include "core/fehlerbehandlung.h"
+#include "core/panel_model.h"
+#include "core/project_file.h"
 #include "platform/uhr.h"
 
 #include <QTemporaryDir>
@@ -34,6 +36,31 @@ struct Meldungen final : Benutzer {
     }
     QStringList texte;
     std::vector<Symbol> symbole;
+};
+
+// What loading and saving a project showed and asked; "Element löschen?" is
+// answered with `loeschen`, a new panel empties the Anlage as the main window does.
+struct Projektanzeige final : ProjektAnzeige {
+    explicit Projektanzeige(Anlage& a) : anlage(a) {}
+    void InfoTxt_anzeigen(int feld, const QString& text) override { (feld == 1 ? feld1 : feld2) << text; }
+    void ladenBeginnt() override { ++begonnen; }
+    void ladenEndet() override { ++beendet; }
+    bool pultNeuSetzen() const override { return neuSetzen; }
+    void neues_pult_setzen() override
+    {
+        neuSetzen = false;
+        anlage.neues_pult_setzen();
+    }
+    bool elementLoeschen(const QString& titel, const QString& text) override
+    {
+        fragen << titel + u'|' + text;
+        return loeschen;
+    }
+
+    Anlage& anlage;
+    QStringList feld1, feld2, fragen;
+    bool neuSetzen = true, loeschen = false;
+    int begonnen = 0, beendet = 0;
 };
 
 class MitFehlerbericht : public ::testing::Test {

@@ -1,14 +1,42 @@
 #pragma once
 // Small helpers shared by the logic tests.
 
+#include "core/laufzeitfehler.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QString>
+#include <QStringList>
 
 #include <gtest/gtest.h>
 
 #include <initializer_list>
+#include <ostream>
 #include <string>
+
+// Readable texts in failure messages. Templates, so that a file's own printer
+// of the same shape still takes precedence instead of clashing.
+template <typename = void>
+void PrintTo(const QString& s, std::ostream* os)
+{
+    *os << '"' << s.toStdString() << '"';
+}
+template <typename = void>
+void PrintTo(const QStringList& l, std::ostream* os)
+{
+    *os << '{' << l.join(QStringLiteral("; ")).toStdString() << '}';
+}
+
+// The statement must fail with the program's runtime error `nr`.
+#define EXPECT_LAUFZEITFEHLER(nr, stmt)                                                        \
+    do {                                                                                       \
+        try {                                                                                  \
+            stmt;                                                                              \
+            ADD_FAILURE() << #stmt " ended without runtime error " << (nr);                    \
+        } catch (const ::planor::Laufzeitfehler& fehler_) {                                    \
+            EXPECT_EQ(fehler_.nummer(), (nr)) << #stmt;                                        \
+        }                                                                                      \
+    } while (0)
 
 namespace planor::test {
 
@@ -33,6 +61,21 @@ inline QByteArray datei(const QString& pfad)
     QFile f(pfad);
     EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << qPrintable(pfad);
     return f.readAll();
+}
+
+#ifdef PLANOR_TESTDATA
+// A file of tests/data, by its path below that folder.
+inline QString testdaten(const QString& name) { return QStringLiteral(PLANOR_TESTDATA "/") + name; }
+inline QByteArray golden(const QString& name) { return datei(testdaten(name)); }
+#endif
+
+// A template for the same reason as PrintTo: a file's own writer still wins.
+template <typename = void>
+void schreiben(const QString& pfad, const QByteArray& bytes)
+{
+    QFile f(pfad);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly)) << qPrintable(pfad);
+    f.write(bytes);
 }
 
 }  // namespace planor::test

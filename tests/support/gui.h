@@ -1,14 +1,20 @@
 #pragma once
 // Helpers of the widget tests: answering the modal forms that a step waits on.
 
+#include "core/fehlerbehandlung.h"
+
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 #include <QtTest>
 
 #include <functional>
+#include <map>
 
 namespace planor::test {
 
@@ -75,5 +81,77 @@ inline QByteArray lesen(const QString& datei)
     QFile f(datei);
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
+
+// Replaces a field's text by typing, as a user does. This and `rot` are
+// templates so that a test file's own helper of the same shape still wins.
+template <typename = void>
+void tippen(QLineEdit* f, const QString& text)
+{
+    f->setFocus();
+    f->selectAll();
+    QTest::keyClick(f, Qt::Key_Backspace);
+    QTest::keyClicks(f, text);
+}
+
+// A refused field shows its text in red.
+template <typename = void>
+bool rot(QLineEdit* f) { return f->palette().color(QPalette::Text) == QColor(Qt::red); }
+
+// Clicks a button of a form by its objectName.
+inline void klick(QWidget* form, const QString& name)
+{
+    QTest::mouseClick(kind<QAbstractButton>(form, name), Qt::LeftButton);
+}
+
+// Clicks a message box's button.
+inline void klick(QWidget* box, QMessageBox::StandardButton knopf)
+{
+    QTest::mouseClick(static_cast<QMessageBox*>(box)->button(knopf), Qt::LeftButton);
+}
+
+// Error reports collected instead of shown; a test's cleanup expects none
+// unless the test took them out itself.
+struct BerichtSammler final : FehlerAnzeige {
+    void zeigen(const QString&, const QString& text) override { texte << text; }
+    QStringList texte;
+};
+
+// Answers every visible top-level window of a name each time it shows, and
+// notes what it saw: the objectName, or "title|text|icon" of a message box.
+class FensterAntworten : public QObject {
+public:
+    explicit FensterAntworten(std::map<QString, std::function<void(QWidget*)>> tun) : tun_(std::move(tun))
+    {
+        auto* timer = new QTimer(&wartende());
+        connect(timer, &QTimer::timeout, this, [this] {
+            for (QWidget* w : QApplication::topLevelWidgets()) {
+                const auto handler = tun_.find(w->objectName());
+                if (handler == tun_.end() || !w->isVisible() || w == zuletzt_)
+                    continue;
+                zuletzt_ = w;
+                gesehen << beschreibung(w);
+                handler->second(w);
+                zuletzt_ = nullptr;
+                return;
+            }
+        });
+        timer->start(10);
+    }
+
+    static QString beschreibung(QWidget* w)
+    {
+        auto* box = qobject_cast<QMessageBox*>(w);
+        if (!box)
+            return w->objectName();
+        return box->windowTitle() + u'|' + box->text() + u'|'
+               + (box->icon() == QMessageBox::Critical ? QStringLiteral("kritisch") : QString());
+    }
+
+    QStringList gesehen;
+
+private:
+    std::map<QString, std::function<void(QWidget*)>> tun_;
+    QWidget* zuletzt_ = nullptr;
+};
 
 }  // namespace planor::test

@@ -1,171 +1,95 @@
-// Part 1.4 and Part 1.1 step 10 through the real menus and file dialogs:
-// "Neue Anlage", "Anlage speichern", "Anlage speichern unter ...",
-// "Anlage laden", loading the last project at start, ExitFrage's yes path.
-#include "core/element_katalog.h"
-#include "core/fehlerbehandlung.h"
-#include "core/ui/main.h"
-#include "core/ui/main_win.h"
+// Projects through the real menus and file dialogs: new, save, save as,
+// load, the last project at start, and saving on the way out.
+#include "core/grundeinstellungen.h"
 #include "editor/pult_editor.h"
 #include "editor/ui/pult_bereich.h"
 #include "editor/ui/zellen_grid.h"
-#include "platform/uhr.h"
 #include "tests/support/gui_start.h"
-#include "tests/support/gui.h"
 
 #include <QAction>
-#include <QDialogButtonBox>
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QTemporaryDir>
+#include <QCheckBox>
+#include <QDir>
 
 using namespace planor;
 using namespace planor::test;
 
-namespace {
-
-// Answers the next file dialog with a path, or cancels it; notes its title.
-void dateiWaehlen(const QString& pfad, QString* titel = nullptr)
-{
-    wennSichtbar(QStringLiteral("Dateiauswahl"), [pfad, titel](QWidget* w) {
-        auto* dialog = static_cast<QFileDialog*>(w);
-        if (titel)
-            *titel = dialog->windowTitle();
-        if (pfad.isEmpty()) {
-            dialog->reject();
-            return;
-        }
-        // As a user does it: to the folder, the name into the name field, then OK.
-        dialog->setDirectory(QFileInfo(pfad).absolutePath());
-        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        name->setText(QFileInfo(pfad).fileName());
-        QMetaObject::invokeMethod(dialog, "accept");
-    });
-}
-
-void grundeinstellungenOk(const QString& spalten)
-{
-    wennSichtbar(QStringLiteral("Grundeinstellungen"), [spalten](QWidget* w) {
-        auto* x = w->findChild<QLineEdit*>(QStringLiteral("FeldAnzX"));
-        x->selectAll();
-        QTest::keyClicks(x, spalten);
-        QTest::mouseClick(w->findChild<QPushButton*>(QStringLiteral("OK_But")), Qt::LeftButton);
-    });
-}
-
-}  // namespace
-
 class TstDateien : public QObject {
     Q_OBJECT
-
-    struct Berichte final : FehlerAnzeige {
-        void zeigen(const QString&, const QString& text) override { texte << text; }
-        QStringList texte;
-    };
 
 private slots:
     void init()
     {
-        ordner = std::make_unique<QTemporaryDir>();
-        FehlerbehandlungEinrichten({ordner->filePath(QStringLiteral("Fehler.log")), &uhr, &berichte});
-        programm = std::make_unique<Programm>(ordner->path());
-        startDruecken();
-        ersterStartMitSimulation(*programm);
-        win = &programm->starten();
+        p = std::make_unique<Programmordner>();
+        ersterStartMitSimulation(p->neu());
+        win = &p->programm->starten();
     }
 
     void cleanup()
     {
         wartendeBeenden();
-        QCOMPARE(berichte.texte, QStringList());
-        programm.reset();
-        berichte.texte.clear();
+        QCOMPARE(p->berichte.texte, QStringList());
     }
 
+    // The basic settings as typed: a distance too long for the scale turns
+    // red and locks OK until it fits.
     void NeueAnlageAsksForTheFileAndTheBasicSettings()
     {
-        QString titel;
-        dateiWaehlen(ordner->filePath(QStringLiteral("Neu.anl")), &titel);
-        grundeinstellungenOk(QStringLiteral("12"));
+        bool zuWeitGesperrt = false;
+        dateiWaehlen(p->datei(QStringLiteral("Neu.anl")));
+        wennSichtbar(QStringLiteral("Grundeinstellungen"), [&](QWidget* w) {
+            tippen(kind<QLineEdit>(w, QStringLiteral("FeldAnzX")), QStringLiteral("12"));
+            klick(w, QStringLiteral("opSpur(2)"));
+            auto* abstand = kind<QLineEdit>(w, QStringLiteral("Geschw_Txt"));
+            tippen(abstand, QStringLiteral("42"));  // 42 · 1566 > 65530
+            zuWeitGesperrt = rot(abstand) && !kind<QPushButton>(w, QStringLiteral("OK_But"))->isEnabled();
+            tippen(abstand, QStringLiteral("40"));
+            kind<QCheckBox>(w, QStringLiteral("BlkStatChk"))->click();
+            klick(w, QStringLiteral("OK_But"));
+        });
         aktion("NeuesPultMenu")->trigger();
-        QCOMPARE(titel, QStringLiteral("Neues Projekt: Datenfile in neuem Ordner anlegen!"));
-        QCOMPARE(programm->anlage.File, QStringLiteral("Neu.anl"));
-        QCOMPARE(programm->anlage.Pfad, ordner->path() + u'/');
-        QCOMPARE(programm->anlage.DimensionenX, Integer(12));
-        QVERIFY(win->bereich().Pult->isVisible());
+        QVERIFY(zuWeitGesperrt);
+        QCOMPARE(anlage().Pfad + anlage().File, p->datei(QStringLiteral("Neu.anl")));
         QCOMPARE(win->bereich().Pult->model()->columnCount(), 12);
+        QCOMPARE(Int_to_Unsig(anlage().Grundeinst.LNCV14), Long(40 * 1566 + 2));
+        QCOMPARE(anlage().Grundeinst.BlkZustMeld, Integer(0));
         QVERIFY(aktion("PultSpeichernMenu")->isEnabled());
-        QCOMPARE(win->windowTitle(), QStringLiteral("NAVIK/TOBRA - Planor   ---   Gleisplan änderbar   ---"));
-    }
-
-    void NeueAnlageWithoutTheExtensionOnlyChangesPfadAndFile()
-    {
-        dateiWaehlen(ordner->filePath(QStringLiteral("OhneEndung")));
-        aktion("NeuesPultMenu")->trigger();
-        QCOMPARE(programm->anlage.File, QStringLiteral("OhneEndung"));
-        QVERIFY(!win->bereich().Pult->isVisible());
-        QVERIFY(!aktion("PultSpeichernMenu")->isEnabled());
-    }
-
-    void CancelledBasicSettingsKeepThePreviousProject()
-    {
-        programm->anlage.Pfad = QStringLiteral("/alt/");
-        programm->anlage.File = QStringLiteral("Alt.anl");
-        dateiWaehlen(ordner->filePath(QStringLiteral("Neu.anl")));
-        wennSichtbar(QStringLiteral("Grundeinstellungen"), [](QWidget* w) { static_cast<QDialog*>(w)->reject(); });
-        aktion("NeuesPultMenu")->trigger();
-        QCOMPARE(programm->anlage.File, QStringLiteral("Alt.anl"));
-        QCOMPARE(programm->anlage.Pfad, QStringLiteral("/alt/"));
-        QVERIFY(!win->bereich().Pult->isVisible());
     }
 
     void SaveLoadAndSaveAsThroughTheMenus()
     {
         neueAnlage(QStringLiteral("Plan.anl"));
-        PultEditor& e = win->editor();
-        e.setzeAktuell(3, 4);
-        e.SetzePultElement(programm->katalog.indexVonTyp(101));
-        programm->anlage.XY(3, 4).XY_ADR1 = 77;
-        QCOMPARE(programm->anlage.PultGeaendert, Integer(1));
+        win->editor().setzeAktuell(3, 4);
+        win->editor().SetzePultElement(typ(101));
+        anlage().XY(3, 4).XY_ADR1 = 77;
         aktion("PultSpeichernMenu")->trigger();
-        QCOMPARE(programm->anlage.PultGeaendert, Integer(0));
-        QVERIFY(lesen(ordner->filePath(QStringLiteral("Plan.anl"))).contains("\r\nXY_ADR1: 3, 4, 77\r\n"));
+        QCOMPARE(anlage().PultGeaendert, Integer(0));
+        QVERIFY(lesen(p->datei(QStringLiteral("Plan.anl"))).contains("\r\nXY_ADR1: 3, 4, 77\r\n"));
 
-        QDir(ordner->path()).mkdir(QStringLiteral("kopie"));
-        QString titel;
-        dateiWaehlen(ordner->filePath(QStringLiteral("kopie/Kopie.anl")), &titel);
+        QDir(p->ordner.path()).mkdir(QStringLiteral("kopie"));
+        dateiWaehlen(p->datei(QStringLiteral("kopie/Kopie.anl")));
         aktion("PultSpeichernUnterMenu")->trigger();
-        QCOMPARE(titel, QStringLiteral("Speichern unter: Anlage in neuem Ordner anlegen!"));
-        QVERIFY(QFile::exists(ordner->filePath(QStringLiteral("kopie/Kopie.anl"))));
+        QVERIFY(QFile::exists(p->datei(QStringLiteral("kopie/Kopie.anl"))));
 
-        programm->anlage.XY(3, 4).XY_ADR1 = 1;
-        dateiWaehlen(ordner->filePath(QStringLiteral("Plan.anl")), &titel);
+        anlage().XY(3, 4).XY_ADR1 = 1;
+        dateiWaehlen(p->datei(QStringLiteral("Plan.anl")));
         aktion("PultLadenMenu")->trigger();
-        QCOMPARE(titel, QStringLiteral("Anlage laden"));
-        QCOMPARE(programm->anlage.XY(3, 4).XY_ADR1, Integer(77));
-        QCOMPARE(programm->anlage.File, QStringLiteral("Plan.anl"));
-        QCOMPARE(programm->anlage.PultGeaendert, Integer(0));
+        QCOMPARE(anlage().XY(3, 4).XY_ADR1, Integer(77));
+        QCOMPARE(anlage().File, QStringLiteral("Plan.anl"));
+        QCOMPARE(anlage().PultGeaendert, Integer(0));
         QVERIFY(win->bereich().Pult->isVisible());
-        QCOMPARE(win->EditMode, 1);
     }
 
     void TheLastProjectOpensAtStart()
     {
         neueAnlage(QStringLiteral("Letzte.anl"));
         win->editor().setzeAktuell(2, 2);
-        win->editor().SetzePultElement(programm->katalog.indexVonTyp(9));
+        win->editor().SetzePultElement(typ(9));
         aktion("PultSpeichernMenu")->trigger();
         QVERIFY(win->close());
-
-        programm = std::make_unique<Programm>(ordner->path());
-        startDruecken();
-        win = &programm->starten();
-        QCOMPARE(programm->anlage.File, QStringLiteral("Letzte.anl"));
-        QCOMPARE(programm->anlage.XY(2, 2).XY_Element, programm->katalog.indexVonTyp(9));
-        QVERIFY(win->bereich().Pult->isVisible());
-        QVERIFY(aktion("PultSpeichernMenu")->isEnabled());
-        QCOMPARE(programm->anlage.PultGeaendert, Integer(0));
+        win = &p->neu().starten();
+        QCOMPARE(anlage().File, QStringLiteral("Letzte.anl"));
+        QCOMPARE(anlage().XY(2, 2).XY_Element, typ(9));
+        QVERIFY(win->bereich().Pult->isVisible() && aktion("PultSpeichernMenu")->isEnabled());
     }
 
     void ExitWithYesSavesTheProject()
@@ -173,42 +97,38 @@ private slots:
         neueAnlage(QStringLiteral("Ende.anl"));
         aktion("PultSpeichernMenu")->trigger();
         win->editor().setzeAktuell(5, 5);
-        win->editor().SetzePultElement(programm->katalog.indexVonTyp(9));
-        wennSichtbar(QStringLiteral("ExitFrage"), [](QWidget* w) {
-            auto* box = static_cast<QMessageBox*>(w);
-            QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
-        });
+        win->editor().SetzePultElement(typ(9));
+        wennSichtbar(QStringLiteral("ExitFrage"), [](QWidget* w) { klick(w, QMessageBox::Yes); });
         QVERIFY(win->close());
-        QVERIFY(lesen(ordner->filePath(QStringLiteral("Ende.anl"))).contains("\r\nXY: 5, 5, 9\r\n"));
+        QVERIFY(lesen(p->datei(QStringLiteral("Ende.anl"))).contains("\r\nXY: 5, 5, 9\r\n"));
     }
 
     void ExitWithYesForAProjectNeverSavedAsksForAName()
     {
         neueAnlage(QStringLiteral("NieGespeichert.anl"));
-        win->editor().SetzePultElement(programm->katalog.indexVonTyp(9));
+        win->editor().SetzePultElement(typ(9));
         wennSichtbar(QStringLiteral("ExitFrage"), [this](QWidget* w) {
-            dateiWaehlen(ordner->filePath(QStringLiteral("Gerettet.anl")));
-            QTest::mouseClick(static_cast<QMessageBox*>(w)->button(QMessageBox::Yes), Qt::LeftButton);
+            dateiWaehlen(p->datei(QStringLiteral("Gerettet.anl")));
+            klick(w, QMessageBox::Yes);
         });
         QVERIFY(win->close());
-        QVERIFY(QFile::exists(ordner->filePath(QStringLiteral("Gerettet.anl"))));
+        QVERIFY(QFile::exists(p->datei(QStringLiteral("Gerettet.anl"))));
     }
 
 private:
+    Anlage& anlage() { return p->programm->anlage; }
+    Integer typ(int t) { return p->programm->katalog.indexVonTyp(t); }
     QAction* aktion(const char* name) { return win->findChild<QAction*>(QLatin1String(name)); }
 
     void neueAnlage(const QString& name)
     {
-        dateiWaehlen(ordner->filePath(name));
-        grundeinstellungenOk(QStringLiteral("20"));
+        dateiWaehlen(p->datei(name));
+        wennSichtbar(QStringLiteral("Grundeinstellungen"), [](QWidget* w) { klick(w, QStringLiteral("OK_But")); });
         aktion("NeuesPultMenu")->trigger();
         QVERIFY(win->bereich().Pult->isVisible());
     }
 
-    std::unique_ptr<QTemporaryDir> ordner;
-    TestUhr uhr{QDateTime(QDate(2026, 11, 21), QTime(10, 0))};
-    Berichte berichte;
-    std::unique_ptr<Programm> programm;
+    std::unique_ptr<Programmordner> p;
     MainWin* win = nullptr;
 };
 

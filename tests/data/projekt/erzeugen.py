@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Writes the golden project files of tests/data/projekt from Part 1.4 and 1.5
-of the spec, independently of Planor's own writer. Catalogue: ../Elemente_test.cfg.
-Run from this folder; the outputs are committed."""
+"""Writes the golden project and module value files of tests/data/projekt from
+the file layout alone, independently of Planor's own writer, so that the tests
+compare the writer against a second implementation. Catalogue:
+../Elemente_test.cfg. Run from this folder; the outputs are committed."""
 
 DATUM = "21.11.2026"
 KOPF = "// Erzeugt mit NAVIK/TOBRA-Planor Ver. 1.1.6 am " + DATUM + " //"
