@@ -1,7 +1,5 @@
-// The editor's widgets in the real main window on the demo project and the
-// built-in simulator in virtual time: placing and undoing, the lock, address
-// assignment with the mouse and its form, switching in the monitor view and
-// its two forms.
+// The editor's views in the real main window on the demo project and the
+// built-in simulator in virtual time, one flow per view and form.
 #include "core/check_wert.h"
 #include "core/ui/main_win.h"
 #include "editor/mon_modell.h"
@@ -49,12 +47,12 @@ private slots:
     void PlaceTurnAndUndoOnThePlan()
     {
         const QPoint frei = ersteZelle(*programm, [](const XY_Typ&, int typ) { return typ == 0; });
-        win->bereich().Elemente->setCurrentIndex({});
         win->editor().SetzePultElement(programm->katalog.indexVonTyp(101)); // the palette's choice
-        klicken(win->bereich().Pult, frei.y() - 1, frei.x() - 1);
+        auto klick = [&](Qt::MouseButton k) { klicken(win->bereich().Pult, frei.y() - 1, frei.x() - 1, k); };
+        klick(Qt::LeftButton);
         const int platziert = zelle(frei).XY_Element;
         QCOMPARE(programm->katalog.ElementTab(platziert).Typ, 101);
-        klicken(win->bereich().Pult, frei.y() - 1, frei.x() - 1, Qt::RightButton);
+        klick(Qt::RightButton);
         QCOMPARE(programm->katalog.ElementTab(zelle(frei).XY_Element).Familie, Integer(101));
         QVERIFY(zelle(frei).XY_Element != platziert);
         QTest::keyClick(win->bereich().Pult, Qt::Key_Delete);
@@ -62,27 +60,23 @@ private slots:
         aktion("UndoMenu")->trigger();
         QCOMPARE(programm->katalog.ElementTab(zelle(frei).XY_Element).Familie, Integer(101));
     }
-    void TheLockMenuLocksThePlan()
-    {
-        aktion("GPLockMenu")->trigger();
-        QCOMPARE(win->windowTitle(), QStringLiteral("NAVIK/TOBRA - Planor   ---   Gleisplan nicht änderbar   ---"));
-        QVERIFY(!aktion("DelMenu")->isEnabled() && aktion("ProgHauptMenu")->isEnabled());
-        aktion("GPLockMenu")->trigger();
-        QCOMPARE(win->windowTitle(), QStringLiteral("NAVIK/TOBRA - Planor   ---   Gleisplan änderbar   ---"));
-    }
     void ASwitchCommandOnTheBusIsAssignedWithTheMouse()
     {
         win->EditMode_Click(2);
         QStringList gesehen;
-        boxAntworten(gesehen, QMessageBox::Yes);
+        wennSichtbar(QStringLiteral("Meldung"), [&gesehen](QWidget* w) {
+            auto* box = static_cast<QMessageBox*>(w);
+            gesehen << box->windowTitle() + u'|' + box->text();
+            QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
+        });
         const int a = 1234 - 1; // another party switches 1234 "on"
         simulator->bus().melden(mitPruefsumme(QByteArray().append(char(0xB0)).append(char(a & 127)).append(char(0x30 | (a >> 7)))));
         testUhr.weiter(50);
         QTRY_COMPARE(gesehen.size(), 1);
         QVERIFY(gesehen.at(0).startsWith(QStringLiteral("Adresszuordnung mit der Maus|Magnetartikeladresse1234 ")));
-        klicken(win->bereich().PultAdr, 3 * weiche.y() - 3, weiche.x() - 1);
+        adrKlick();
         QCOMPARE(zelle(weiche).XY_ADR1, Integer(1234));
-        QCOMPARE(zeile(1), QStringLiteral("1234"));
+        QCOMPARE(zeile(), QStringLiteral("1234"));
         QCOMPARE(programm->anlage.PultGeaendert, Integer(1));
     }
     void AdrEingabeChecksTheFieldAndStoresOnOK()
@@ -93,7 +87,7 @@ private slots:
             QTest::keyClicks(kind<QLineEdit>(w, QStringLiteral("AdrTxt(0)")), QStringLiteral("1"));
             w->close(); // closing is cancel
         });
-        klicken(win->bereich().PultAdr, 3 * weiche.y() - 3, weiche.x() - 1);
+        adrKlick();
         QCOMPARE(zelle(weiche).XY_ADR1, vorher);
         QCOMPARE(programm->anlage.PultGeaendert, Integer(0));
         wennSichtbar(QStringLiteral("AdrEingabe"), [](QWidget* w) {
@@ -107,25 +101,21 @@ private slots:
             QCOMPARE(feld->text(), QStringLiteral("2045"));
             QTest::mouseClick(kind<QPushButton>(w, QStringLiteral("OK_But")), Qt::LeftButton);
         });
-        klicken(win->bereich().PultAdr, 3 * weiche.y() - 3, weiche.x() - 1);
+        adrKlick();
         QCOMPARE(zelle(weiche).XY_ADR1, Integer(2045));
-        QCOMPARE(zeile(1), QStringLiteral("2045"));
+        QCOMPARE(zeile(), QStringLiteral("2045"));
     }
     void ALeftClickInTheMonitorSwitchesTheTurnout()
     {
-        simulator->geraete().setzeWeiche(adresse(), 1);
-        win->EditMode_Click(4);
-        QVERIFY(win->bereich().Mon->isVisible());
+        monitorMitGruen();
         QVERIFY(bild().endsWith(QStringLiteral("_g.bmp")));
         monKlick(Qt::LeftButton);
-        QVERIFY(!QApplication::overrideCursor());
         QCOMPARE(simulator->geraete().weiche(adresse()), 0);
         QCOMPARE(bild(), programm->katalog.ElementTab(zelle(weiche).XY_Element).Bmp);
     }
     void TheMiddleButtonOpensMagArtStatus()
     {
-        simulator->geraete().setzeWeiche(adresse(), 1);
-        win->EditMode_Click(4);
+        monitorMitGruen();
         QString option;
         wennSichtbar(QStringLiteral("MagArtStatus"), [&](QWidget* form) {
             option = kind<QRadioButton>(form, QStringLiteral("AdrOpt(1)"))->text();
@@ -139,8 +129,7 @@ private slots:
     }
     void TheRightButtonOpensTauschFormAndRedraws()
     {
-        simulator->geraete().setzeWeiche(adresse(), 1);
-        win->EditMode_Click(4);
+        monitorMitGruen();
         wennSichtbar(QStringLiteral("TauschForm"), [&](QWidget* form) {
             kind<QCheckBox>(form, QStringLiteral("TauschChk1"))->setChecked(true);
             QTest::mouseClick(kind<QPushButton>(form, QStringLiteral("OK_But")), Qt::LeftButton);
@@ -157,13 +146,16 @@ private:
     QAction* aktion(const char* name) { return win->findChild<QAction*>(QLatin1String(name)); }
     const XY_Typ& zelle(QPoint p) const { return programm->anlage.XY(p.x(), p.y()); }
     Long adresse() const { return zelle(weiche).XY_ADR1; }
-    QString zeile(int reihe) const
-    {
-        return win->bereich().pultAdrModell().index(3 * weiche.y() - 3 + reihe, weiche.x() - 1).data().toString();
-    }
+    QString zeile() const { return win->bereich().pultAdrModell().index(3 * weiche.y() - 2, weiche.x() - 1).data().toString(); }
     QString bild() const
     {
         return win->bereich().monModell().index(weiche.y() - 1, weiche.x() - 1).data(BildRolle).toString();
+    }
+    void adrKlick() { klicken(win->bereich().PultAdr, 3 * weiche.y() - 3, weiche.x() - 1); }
+    void monitorMitGruen()
+    {
+        simulator->geraete().setzeWeiche(adresse(), 1);
+        win->EditMode_Click(4);
     }
     void monKlick(Qt::MouseButton knopf) { klicken(win->bereich().Mon, weiche.y() - 1, weiche.x() - 1, knopf); }
     static void klicken(ZellenGrid* grid, int zeile, int spalte, Qt::MouseButton knopf = Qt::LeftButton)
@@ -171,15 +163,6 @@ private:
         const QModelIndex i = grid->model()->index(zeile, spalte);
         grid->scrollTo(i);
         QTest::mouseClick(grid->viewport(), knopf, {}, grid->visualRect(i).center());
-    }
-    // Answers the next message box with a button and notes its title and text.
-    static void boxAntworten(QStringList& gesehen, QMessageBox::StandardButton knopf)
-    {
-        wennSichtbar(QStringLiteral("Meldung"), [&gesehen, knopf](QWidget* w) {
-            auto* box = static_cast<QMessageBox*>(w);
-            gesehen << box->windowTitle() + u'|' + box->text();
-            QTest::mouseClick(box->button(knopf), Qt::LeftButton);
-        });
     }
 
     QPoint weiche;
