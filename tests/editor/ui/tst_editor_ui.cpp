@@ -47,7 +47,7 @@ private slots:
     void PlaceTurnAndUndoOnThePlan()
     {
         const QPoint frei = ersteZelle(*programm, [](const XY_Typ&, int typ) { return typ == 0; });
-        win->editor().SetzePultElement(programm->katalog.indexVonTyp(101)); // the palette's choice
+        win->editor().Elemente_Click(programm->katalog.indexVonTyp(101)); // as the palette hands it on
         auto klick = [&](Qt::MouseButton k) { klicken(win->bereich().Pult, frei.y() - 1, frei.x() - 1, k); };
         klick(Qt::LeftButton);
         const int platziert = zelle(frei).XY_Element;
@@ -90,6 +90,7 @@ private slots:
         adrKlick();
         QCOMPARE(zelle(weiche).XY_ADR1, vorher);
         QCOMPARE(programm->anlage.PultGeaendert, Integer(0));
+
         wennSichtbar(QStringLiteral("AdrEingabe"), [](QWidget* w) {
             auto* feld = kind<QLineEdit>(w, QStringLiteral("AdrTxt(0)"));
             feld->selectAll();
@@ -99,7 +100,7 @@ private slots:
             QTest::keyClick(feld, Qt::Key_Backspace);
             QTest::keyClicks(feld, QStringLiteral("x5")); // only digits are taken
             QCOMPARE(feld->text(), QStringLiteral("2045"));
-            QTest::mouseClick(kind<QPushButton>(w, QStringLiteral("OK_But")), Qt::LeftButton);
+            ok(w);
         });
         adrKlick();
         QCOMPARE(zelle(weiche).XY_ADR1, Integer(2045));
@@ -121,7 +122,7 @@ private slots:
             option = kind<QRadioButton>(form, QStringLiteral("AdrOpt(1)"))->text();
             QVERIFY(kind<QRadioButton>(form, QStringLiteral("StatOpt(1)"))->isChecked());
             kind<QRadioButton>(form, QStringLiteral("StatOpt(0)"))->click();
-            QTest::mouseClick(kind<QPushButton>(form, QStringLiteral("OK_But")), Qt::LeftButton);
+            ok(form);
         });
         monKlick(Qt::MiddleButton);
         QCOMPARE(option, QStringLiteral("Adresse: %1").arg(adresse()));
@@ -132,7 +133,7 @@ private slots:
         monitorMitGruen();
         wennSichtbar(QStringLiteral("TauschForm"), [&](QWidget* form) {
             kind<QCheckBox>(form, QStringLiteral("TauschChk1"))->setChecked(true);
-            QTest::mouseClick(kind<QPushButton>(form, QStringLiteral("OK_But")), Qt::LeftButton);
+            ok(form);
         });
         monKlick(Qt::RightButton);
         QCOMPARE(zelle(weiche).XY_STATTAUSCH1, 1);
@@ -147,17 +148,11 @@ private:
     const XY_Typ& zelle(QPoint p) const { return programm->anlage.XY(p.x(), p.y()); }
     Long adresse() const { return zelle(weiche).XY_ADR1; }
     QString zeile() const { return win->bereich().pultAdrModell().index(3 * weiche.y() - 2, weiche.x() - 1).data().toString(); }
-    QString bild() const
-    {
-        return win->bereich().monModell().index(weiche.y() - 1, weiche.x() - 1).data(BildRolle).toString();
-    }
+    QString bild() const { return win->bereich().monModell().index(weiche.y() - 1, weiche.x() - 1).data(BildRolle).toString(); }
     void adrKlick() { klicken(win->bereich().PultAdr, 3 * weiche.y() - 3, weiche.x() - 1); }
-    void monitorMitGruen()
-    {
-        simulator->geraete().setzeWeiche(adresse(), 1);
-        win->EditMode_Click(4);
-    }
+    void monitorMitGruen() { simulator->geraete().setzeWeiche(adresse(), 1); win->EditMode_Click(4); }
     void monKlick(Qt::MouseButton knopf) { klicken(win->bereich().Mon, weiche.y() - 1, weiche.x() - 1, knopf); }
+    static void ok(QWidget* form) { QTest::mouseClick(kind<QPushButton>(form, QStringLiteral("OK_But")), Qt::LeftButton); }
     static void klicken(ZellenGrid* grid, int zeile, int spalte, Qt::MouseButton knopf = Qt::LeftButton)
     {
         const QModelIndex i = grid->model()->index(zeile, spalte);
