@@ -83,24 +83,18 @@ protected:
 
 // --- set_mon -------------------------------------------------------------
 
-TEST_F(Monitoransicht, SetMonDrawsTheMonitorPictureWithoutText)
+TEST_F(Monitoransicht, SetMonDrawsTheMonitorPictureAndNotesEveryAddress)
 {
     setzen(2, 3, 101, 5);
+    setzen(4, 4, 531, 20, 21, 22);
     monitor->set_mon(2, 3);
+    monitor->set_mon(4, 4);
     EXPECT_EQ(bild(2, 3), QStringLiteral("w101_w_no_mon.bmp"));
     EXPECT_FALSE(mon.index(2, 1).data(Qt::DisplayRole).isValid());
     EXPECT_FALSE(mon.index(2, 1).data(SchriftRolle).isValid());
-    EXPECT_EQ(monitor->MagZelle(5).x, 2);
-    EXPECT_EQ(monitor->MagZelle(5).y, 3);
-}
-
-TEST_F(Monitoransicht, SetMonWritesEveryAddressOfTheCell)
-{
-    setzen(4, 4, 531, 20, 21, 22);
-    monitor->set_mon(4, 4);
-    for (const Long a : {20, 21, 22}) {
-        EXPECT_EQ(monitor->MagZelle(a).x, 4) << a;
-        EXPECT_EQ(monitor->MagZelle(a).y, 4) << a;
+    for (const Long a : {5, 20, 21, 22}) {
+        EXPECT_EQ(monitor->MagZelle(a).x, a == 5 ? 2 : 4) << a;
+        EXPECT_EQ(monitor->MagZelle(a).y, a == 5 ? 3 : 4) << a;
     }
     EXPECT_EQ(monitor->MagZelle(23).x, 0);
 }
@@ -219,14 +213,10 @@ TEST_F(Monitoransicht, ShowMonitorAsksTheReceiversAndShowsTheirLastTrain)
 
 // --- set_mon_mag --------------------------------------------------------
 
-TEST_F(Monitoransicht, SetMonMagWithoutACellDoesNothing)
-{
-    monitor->set_mon_mag(7, 1);
-    EXPECT_EQ(monitor->MagStatus(7), 0) << "not even stored";
-}
-
 TEST_F(Monitoransicht, AddressesOutsideTheTablesRaiseError9)
 {
+    monitor->set_mon_mag(7, 1); // no cell: not even stored
+    EXPECT_EQ(monitor->MagStatus(7), 0);
     monitor->set_mon_mag(0, 1);
     monitor->set_mon_mag(2049, 1);
     ASSERT_EQ(berichte.texte.size(), 2);
@@ -499,22 +489,6 @@ TEST_F(Monitoransicht, ATrainReportShowsTheLocomotiveOnTheReceiversCell)
     sim.geraete().zugMelden(9, 11);
     warten();
     EXPECT_EQ(monitor->NavikStatus(9).lok, 0);
-}
-
-TEST_F(Monitoransicht, AReportThatIsNoTrainReportIsNotShown)
-{
-    empfaenger(3, 4, 2);
-    monitor->Show_Monitor(nullptr);
-    BusMeldung m;
-    m.art = BusMeldung::Empfaenger;
-    m.adresse = 2;
-    m.status = 0x20;  // a query, speed or block state
-    m.lok = 77;
-    monitor->meldung(m);
-    EXPECT_EQ(text(3, 4), QStringLiteral("-"));
-    m.status = 0x40;
-    monitor->meldung(m);
-    EXPECT_EQ(text(3, 4), QStringLiteral("77"));
 }
 
 // --- MagArtStatus in view 4 -----------------------------------------------------
