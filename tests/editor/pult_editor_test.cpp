@@ -28,11 +28,15 @@ TEST_F(Pulteditor, SelectionToolAndLeerChangeNothing)
 {
     setzen(2, 3, Weiche101);
     anlage.PultGeaendert = 0;
-    editor.SetzePultElement(Auswahl);
-    editor.SetzePultElement(Leer);
-    editor.SetzePultElement(0);
+    for (int element : {int(Auswahl), int(Leer), 0})
+        editor.SetzePultElement(element);
     EXPECT_EQ(anlage.XY(2, 3).XY_Element, Weiche101);
     EXPECT_EQ(anlage.PultGeaendert, 0);
+    editor.Elemente_Click(Auswahl);
+    EXPECT_TRUE(editor.MarkenMode);
+    EXPECT_EQ(editor.zeiger, PultZeiger::Pfeil);
+    editor.Pult_LinksKlick(3, 3);
+    EXPECT_EQ(anlage.XY(3, 3).XY_Element, Leer);
 }
 
 TEST_F(Pulteditor, SetzeTextIgnoresCoordinatesAboveThePanelSize)
@@ -86,6 +90,11 @@ TEST_F(Pulteditor, SelectionCornersInAnyOrder)
     EXPECT_EQ(editor.MarkHoehe, 2);
     editor.Pult_Auswahl(7, 7, 7, 7);
     EXPECT_FALSE(editor.MarkAktiv);
+    // Copy without a selection does nothing.
+    editor.Cntrl_C_X(PultEditor::TasteC);
+    EXPECT_FALSE(editor.ClipVoll);
+    editor.Cntrl_V();
+    EXPECT_TRUE(meldungen.texte.isEmpty());
 }
 
 TEST_F(Pulteditor, CopyAndPasteABlockWithItsAddressesAndModules)
@@ -127,15 +136,6 @@ TEST_F(Pulteditor, CutDeletesTheSelection)
     EXPECT_EQ(anlage.XY(2, 2), anlage.XY_Leer());
     EXPECT_EQ(anlage.XY(3, 2), anlage.XY_Leer());
     EXPECT_EQ(editor.XY_Clip(1, 0).XY_LNCV(0), 33);
-}
-
-TEST_F(Pulteditor, CopyWithoutASelectionDoesNothing)
-{
-    setzen(2, 2, GeradeW);
-    editor.Cntrl_C_X(PultEditor::TasteC);
-    EXPECT_FALSE(editor.ClipVoll);
-    editor.Cntrl_V();
-    EXPECT_TRUE(meldungen.texte.isEmpty());
 }
 
 TEST_F(Pulteditor, PastingAtTheLastColumnFailsWithTheMessage)
