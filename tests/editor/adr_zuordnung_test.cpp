@@ -305,33 +305,28 @@ TEST_F(AdrZuordnungTest, A5330KeepsItsNumberAndGetsItsVersion)
     EXPECT_EQ(err, 0);
 }
 
-TEST_F(AdrZuordnungTest, NoModuleAnswersAndNothingIsStored)
+TEST_F(AdrZuordnungTest, ASilentModuleOrAnAddressInUseStoresNothing)
 {
     setzen(4, 2, 800);
     const XY_Typ vorher = anlage.XY(4, 2);
     ausBus(empfaengerMeldung(25));
     maus.PultAdr_MouseDown(4, 2);
-    EXPECT_EQ(anlage.XY(4, 2), vorher);
     EXPECT_EQ(meldungen.texte,
         QStringList {QStringLiteral("Fehler bei Lesen oder Programmieren eines Moduls|Fehler:\n")
             + ProgFehlerText(ProgKeineAntwort)});
-    EXPECT_EQ(anlage.PultGeaendert, 0);
     EXPECT_FALSE(maus.AdrAusBus);
-}
 
-TEST_F(AdrZuordnungTest, AReceiverAddressFromTheBusAlreadyUsedIsRefused)
-{
+    meldungen.texte.clear();
     sim.modulHinzufuegen({47220, 25});
     empfaenger(8, 8, 25);
-    setzen(4, 2, 800);
-    const XY_Typ vorher = anlage.XY(4, 2);
     ausBus(empfaengerMeldung(25));
     const std::size_t ab = aufDemBus.size();
     maus.PultAdr_MouseDown(4, 2);
-    EXPECT_EQ(anlage.XY(4, 2), vorher);
     EXPECT_EQ(meldungen.texte,
         QStringList {QStringLiteral("Fehler|NAVIK/TOBRA Adresse schon vorhanden \nan Position: 8, 8 !!")});
-    EXPECT_EQ(aufDemBus.size(), ab);
+    EXPECT_EQ(aufDemBus.size(), ab) << "refused before the module is asked";
+    EXPECT_EQ(anlage.XY(4, 2), vorher);
+    EXPECT_EQ(anlage.PultGeaendert, 0);
 }
 
 TEST_F(AdrZuordnungTest, ADirectionAgainstTheSymbolIsReported)
