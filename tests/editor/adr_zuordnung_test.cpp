@@ -1,10 +1,11 @@
-// Part 3.4: PultAdr_MouseDown, the view-2 half of Get_Adr_from_LN and the
-// text rows of set_PultAdr, against the in-process simulator in virtual time.
+// Assigning addresses with the mouse in the address view: bus reports, clicks
+// and the text rows, against the in-process simulator in virtual time.
 #include "editor/adr_zuordnung.h"
 
 #include "editor/adr_zeilen.h"
 #include "loconet/lncv_austausch.h"
 #include "loconet/nachricht.h"
+#include "tests/editor/editor_umgebung.h"
 #include "tests/loconet/programmier_umgebung.h"
 
 #include <gtest/gtest.h>
@@ -91,18 +92,10 @@ protected:
         ASSERT_EQ(err, 0);
     }
 
-    void setzen(int x, int y, int typ)
-    {
-        const int index = katalog.indexVonTyp(typ);
-        ASSERT_GT(index, 0) << typ;
-        anlage.XY(x, y) = anlage.XY_Leer();
-        anlage.XY(x, y).XY_Element = Integer(index);
-    }
+    void setzen(int x, int y, int typ) { zelleSetzen(anlage, katalog, x, y, typ); }
     void empfaenger(int x, int y, int adresse, Long artNr = 47220, int typ = 800)
     {
-        setzen(x, y, typ);
-        anlage.XY(x, y).XY_ArtNr = artNr;
-        anlage.XY(x, y).XY_LNCV(0) = Integer(adresse);
+        empfaengerSetzen(anlage, katalog, x, y, adresse, artNr, typ);
     }
     // A single sensor 47240 at input 1 with its address.
     void eingang1(int x, int y, int adresse)
@@ -130,48 +123,39 @@ protected:
     PultAdrMaus maus {anlage, katalog, link, meldungen, zellen, adrAnzeige};
 };
 
-// --- Get_Adr_from_LN, view 2 ---
-
-TEST_F(AdrZuordnungTest, ReceiverReportAsksItsQuestionAndYesStoresTheAddress)
+TEST_F(AdrZuordnungTest, ReportsAskTheirQuestionAndYesKeepsTheAddress)
 {
-    maus.Get_Adr_from_LN(empfaengerMeldung(25, 0x05));
-    EXPECT_EQ(adrAnzeige.ereignisse, QStringList {EmpfaengerFrage});
-    EXPECT_TRUE(maus.AdrAusBus);
-    EXPECT_EQ(maus.NavikAdrWert, 25);
-    EXPECT_EQ(maus.SensorRichtung, -1);
-}
-
-TEST_F(AdrZuordnungTest, DirectionIsBit5WhenBit6IsSet)
-{
-    maus.Get_Adr_from_LN(empfaengerMeldung(25, 0x40 | 0x05));
-    EXPECT_EQ(maus.SensorRichtung, 0);
-    maus.Get_Adr_from_LN(empfaengerMeldung(25, 0x60 | 0x05));
-    EXPECT_EQ(maus.SensorRichtung, 1);
-    maus.Get_Adr_from_LN(empfaengerMeldung(25, 0x05));
-    EXPECT_EQ(maus.SensorRichtung, -1);
-}
-
-TEST_F(AdrZuordnungTest, StatusReportsAreDropped)
-{
-    maus.Get_Adr_from_LN(empfaengerMeldung(25, 0x20 | 0x05));
-    EXPECT_TRUE(adrAnzeige.ereignisse.isEmpty());
-    EXPECT_FALSE(maus.AdrAusBus);
-}
-
-TEST_F(AdrZuordnungTest, AccessoryQuestionAndYes)
-{
-    maus.Get_Adr_from_LN(magnetartikelMeldung(130));
-    EXPECT_EQ(adrAnzeige.ereignisse, QStringList {MagnetartikelFrage});
-    EXPECT_TRUE(maus.AdrAusBus);
-    EXPECT_EQ(maus.AdrWert, 130);
-}
-
-TEST_F(AdrZuordnungTest, NoLeavesEverythingAsItWas)
-{
-    adrAnzeige.ja = false;
-    maus.Get_Adr_from_LN(magnetartikelMeldung(130));
-    EXPECT_FALSE(maus.AdrAusBus);
-    EXPECT_EQ(maus.AdrWert, 0);
+    struct Fall {
+        const char* name;
+        BusMeldung meldung;
+        bool ja;
+        QStringList fragen;
+        bool wartet;
+        Long navik, mag;
+        int richtung;
+    };
+    const Fall faelle[] = {
+        {"receiver", empfaengerMeldung(25, 0x05), true, {EmpfaengerFrage}, true, 25, 0, -1},
+        {"direction 1 to 2", empfaengerMeldung(25, 0x40 | 0x05), true, {EmpfaengerFrage}, true, 25, 0, 0},
+        {"direction 2 to 1", empfaengerMeldung(25, 0x60 | 0x05), true, {EmpfaengerFrage}, true, 25, 0, 1},
+        {"status report dropped", empfaengerMeldung(25, 0x20 | 0x05), true, {}, false, 0, 0, -1},
+        {"accessory", magnetartikelMeldung(130), true, {MagnetartikelFrage}, true, 0, 130, -1},
+        {"answered no", magnetartikelMeldung(130), false, {MagnetartikelFrage}, false, 0, 0, -1},
+    };
+    for (const Fall& f : faelle) {
+        SCOPED_TRACE(f.name);
+        PultAdrMaus m {anlage, katalog, link, meldungen, zellen, adrAnzeige};
+        adrAnzeige.ereignisse.clear();
+        adrAnzeige.ja = f.ja;
+        m.Get_Adr_from_LN(f.meldung);
+        EXPECT_EQ(adrAnzeige.ereignisse, f.fragen);
+        EXPECT_EQ(m.AdrAusBus, f.wartet);
+        EXPECT_EQ(m.NavikAdrWert, f.navik);
+        EXPECT_EQ(m.AdrWert, f.mag);
+        if (f.wartet && f.navik) {
+            EXPECT_EQ(m.SensorRichtung, f.richtung);
+        }
+    }
 }
 
 TEST_F(AdrZuordnungTest, OneQuestionAtATime)
@@ -195,33 +179,21 @@ TEST_F(AdrZuordnungTest, ReportsDuringADialogAreDropped)
     EXPECT_FALSE(maus.AdrAusBus);
 }
 
-// --- PultAdr_MouseDown without flags ---
-
-// Edge case of Part 3.4.
-TEST_F(AdrZuordnungTest, AClickOnAnEmptyCellDoesNothing)
+TEST_F(AdrZuordnungTest, AClickOnACellWithoutAddressesDoesNothing)
 {
     const XY_Typ vorher = anlage.XY(4, 4);
+    ausBus(magnetartikelMeldung(130));
+    adrAnzeige.ereignisse.clear();
     maus.PultAdr_MouseDown(4, 4);
     setzen(5, 5, 9);
     maus.PultAdr_MouseDown(5, 5);
+    setzen(2, 2, 840); // controllers have no form yet
+    maus.PultAdr_MouseDown(2, 2);
     EXPECT_TRUE(adrAnzeige.ereignisse.isEmpty());
     EXPECT_TRUE(zellen.gezeichnet.isEmpty());
     EXPECT_EQ(anlage.XY(4, 4), vorher);
     EXPECT_EQ(anlage.PultGeaendert, 0);
-}
-
-TEST_F(AdrZuordnungTest, AClickOnAnEmptyCellKeepsAWaitingAddress)
-{
-    ausBus(magnetartikelMeldung(130));
-    maus.PultAdr_MouseDown(4, 4);
-    EXPECT_TRUE(maus.AdrAusBus);
-}
-
-TEST_F(AdrZuordnungTest, ControllersOpenNothingYet)
-{
-    setzen(2, 2, 840);
-    maus.PultAdr_MouseDown(2, 2);
-    EXPECT_TRUE(adrAnzeige.ereignisse.isEmpty());
+    EXPECT_TRUE(maus.AdrAusBus) << "the address waits on";
 }
 
 TEST_F(AdrZuordnungTest, AClickOnATurnoutOpensAdrEingabeAndRedrawsAfterOK)
@@ -239,28 +211,7 @@ TEST_F(AdrZuordnungTest, AClickOnATurnoutOpensAdrEingabeAndRedrawsAfterOK)
     EXPECT_EQ(AdrZeileMagnetartikel(anlage, katalog, 2, 3), QStringLiteral("14"));
 }
 
-TEST_F(AdrZuordnungTest, CancelChangesNothing)
-{
-    setzen(2, 3, 101);
-    maus.PultAdr_MouseDown(2, 3);
-    EXPECT_EQ(adrAnzeige.mit(QStringLiteral("eingabe:")).size(), 1);
-    EXPECT_EQ(anlage.PultGeaendert, 0);
-}
-
-// --- Step 4: an accessory address from the bus ---
-
-TEST_F(AdrZuordnungTest, OneAddressGoesToAdr1WithoutQuestion)
-{
-    setzen(2, 2, 105);
-    ausBus(magnetartikelMeldung(130));
-    maus.PultAdr_MouseDown(2, 2);
-    EXPECT_EQ(anlage.XY(2, 2).XY_ADR1, 130);
-    EXPECT_TRUE(adrAnzeige.mit(QStringLiteral("abfrage:")).isEmpty());
-    EXPECT_FALSE(maus.AdrAusBus);
-    EXPECT_EQ(anlage.PultGeaendert, 1);
-    EXPECT_TRUE(adrAnzeige.ereignisse.contains(QStringLiteral("pultAdr:2,2")));
-    EXPECT_TRUE(zellen.gezeichnet.contains(QPoint(2, 2)));
-}
+// --- an accessory address from the bus ---
 
 TEST_F(AdrZuordnungTest, Adr12AbfrageChoosesTheField)
 {
@@ -268,32 +219,31 @@ TEST_F(AdrZuordnungTest, Adr12AbfrageChoosesTheField)
         int typ, antwort, anzahl;
         Integer XY_Typ::*ziel;
     };
-    for (const Fall& f : {Fall {201, 1, 2, &XY_Typ::XY_ADR1}, Fall {201, 2, 2, &XY_Typ::XY_ADR2},
-             Fall {302, 2, 2, &XY_Typ::XY_ADR2}, Fall {511, 2, 2, &XY_Typ::XY_ADR2}, Fall {521, 2, 2, &XY_Typ::XY_ADR3},
-             Fall {531, 2, 3, &XY_Typ::XY_ADR2}, Fall {532, 3, 3, &XY_Typ::XY_ADR3}}) {
+    // anzahl 0: one field, no question; antwort 0: the question closed.
+    for (const Fall& f : {Fall {105, 1, 0, &XY_Typ::XY_ADR1}, Fall {201, 1, 2, &XY_Typ::XY_ADR1},
+             Fall {201, 2, 2, &XY_Typ::XY_ADR2}, Fall {302, 2, 2, &XY_Typ::XY_ADR2}, Fall {511, 2, 2, &XY_Typ::XY_ADR2},
+             Fall {521, 2, 2, &XY_Typ::XY_ADR3}, Fall {531, 2, 3, &XY_Typ::XY_ADR2}, Fall {532, 3, 3, &XY_Typ::XY_ADR3},
+             Fall {201, 0, 2, nullptr}}) {
         SCOPED_TRACE(f.typ * 10 + f.antwort);
         setzen(3, 3, f.typ);
         adrAnzeige.ereignisse.clear();
+        zellen.gezeichnet.clear();
+        anlage.PultGeaendert = 0;
         adrAnzeige.abfrage = f.antwort;
         ausBus(magnetartikelMeldung(130));
         maus.PultAdr_MouseDown(3, 3);
-        EXPECT_EQ(adrAnzeige.mit(QStringLiteral("abfrage:")), QStringList {QStringLiteral("abfrage:%1").arg(f.anzahl)});
-        EXPECT_EQ(anlage.XY(3, 3).*f.ziel, 130);
+        EXPECT_EQ(adrAnzeige.mit(QStringLiteral("abfrage:")),
+            f.anzahl ? QStringList {QStringLiteral("abfrage:%1").arg(f.anzahl)} : QStringList {});
         const XY_Typ& c = anlage.XY(3, 3);
-        EXPECT_EQ(int(c.XY_ADR1 == 130) + int(c.XY_ADR2 == 130) + int(c.XY_ADR3 == 130), 1);
+        EXPECT_EQ(int(c.XY_ADR1 == 130) + int(c.XY_ADR2 == 130) + int(c.XY_ADR3 == 130), f.ziel ? 1 : 0);
+        if (f.ziel) {
+            EXPECT_EQ(c.*f.ziel, 130);
+            EXPECT_TRUE(adrAnzeige.ereignisse.contains(QStringLiteral("pultAdr:3,3")));
+            EXPECT_TRUE(zellen.gezeichnet.contains(QPoint(3, 3)));
+        }
+        EXPECT_EQ(anlage.PultGeaendert, f.ziel ? 1 : 0);
+        EXPECT_FALSE(maus.AdrAusBus);
     }
-}
-
-TEST_F(AdrZuordnungTest, ClosingAdr12AbfrageAssignsNothing)
-{
-    setzen(3, 3, 201);
-    adrAnzeige.abfrage = 0;
-    ausBus(magnetartikelMeldung(130));
-    maus.PultAdr_MouseDown(3, 3);
-    EXPECT_EQ(anlage.XY(3, 3).XY_ADR1, 0);
-    EXPECT_EQ(anlage.XY(3, 3).XY_ADR2, 0);
-    EXPECT_EQ(anlage.PultGeaendert, 0);
-    EXPECT_FALSE(maus.AdrAusBus);
 }
 
 TEST_F(AdrZuordnungTest, AnAddressWaitsForACellOfItsKind)
@@ -311,7 +261,7 @@ TEST_F(AdrZuordnungTest, AnAddressWaitsForACellOfItsKind)
     EXPECT_EQ(anlage.XY(3, 3).XY_ADR1, 0);
 }
 
-// --- Step 3: a receiver from the bus ---
+// --- a receiver from the bus ---
 
 TEST_F(AdrZuordnungTest, ReceiverFromTheBusReadsItsArticleInTheTablesOrder)
 {
@@ -355,86 +305,57 @@ TEST_F(AdrZuordnungTest, A5330KeepsItsNumberAndGetsItsVersion)
     EXPECT_EQ(err, 0);
 }
 
-TEST_F(AdrZuordnungTest, NoModuleAnswersAndNothingIsStored)
+TEST_F(AdrZuordnungTest, ASilentModuleOrAnAddressInUseStoresNothing)
 {
     setzen(4, 2, 800);
     const XY_Typ vorher = anlage.XY(4, 2);
     ausBus(empfaengerMeldung(25));
     maus.PultAdr_MouseDown(4, 2);
-    EXPECT_EQ(anlage.XY(4, 2), vorher);
     EXPECT_EQ(meldungen.texte,
         QStringList {QStringLiteral("Fehler bei Lesen oder Programmieren eines Moduls|Fehler:\n")
             + ProgFehlerText(ProgKeineAntwort)});
-    EXPECT_EQ(anlage.PultGeaendert, 0);
     EXPECT_FALSE(maus.AdrAusBus);
-}
 
-TEST_F(AdrZuordnungTest, AReceiverAddressFromTheBusAlreadyUsedIsRefused)
-{
+    meldungen.texte.clear();
     sim.modulHinzufuegen({47220, 25});
     empfaenger(8, 8, 25);
-    setzen(4, 2, 800);
-    const XY_Typ vorher = anlage.XY(4, 2);
     ausBus(empfaengerMeldung(25));
     const std::size_t ab = aufDemBus.size();
     maus.PultAdr_MouseDown(4, 2);
-    EXPECT_EQ(anlage.XY(4, 2), vorher);
     EXPECT_EQ(meldungen.texte,
         QStringList {QStringLiteral("Fehler|NAVIK/TOBRA Adresse schon vorhanden \nan Position: 8, 8 !!")});
-    EXPECT_EQ(aufDemBus.size(), ab);
+    EXPECT_EQ(aufDemBus.size(), ab) << "refused before the module is asked";
+    EXPECT_EQ(anlage.XY(4, 2), vorher);
+    EXPECT_EQ(anlage.PultGeaendert, 0);
 }
 
-TEST_F(AdrZuordnungTest, DirectionAgainstTheSymbolIsReported)
-{
-    sim.modulHinzufuegen({47220, 25});
-    setzen(4, 2, 800);
-    ausBus(empfaengerMeldung(25, 0x60 | 0x00));
-    maus.PultAdr_MouseDown(4, 2);
-    EXPECT_EQ(meldungen.texte,
-        QStringList {QStringLiteral("Fahrtrichtung über die Sensoren prüfen!|"
-                                    "           Es wurde die Fahrtrichtung \n"
-                                    "           von Sensor 2 nach Sensor 1 \n"
-                                    "           empfangen !! \n"
-                                    "        Ist das Symbol im Gleisplan richtig? ")});
-    EXPECT_EQ(anlage.XY(4, 2).XY_LNCV(0), 25);
-}
-
-TEST_F(AdrZuordnungTest, DirectionAlongTheSymbolOrWithoutDirectionIsQuiet)
+TEST_F(AdrZuordnungTest, ADirectionAgainstTheSymbolIsReported)
 {
     sim.modulHinzufuegen({47220, 25});
     sim.modulHinzufuegen({47240, 26});
-    setzen(4, 2, 800);
-    ausBus(empfaengerMeldung(25, 0x40));
-    maus.PultAdr_MouseDown(4, 2);
-    setzen(5, 2, 808); // a single sensor has no direction
-    ausBus(empfaengerMeldung(26, 0x60));
-    maus.PultAdr_MouseDown(5, 2);
-    EXPECT_TRUE(meldungen.texte.isEmpty()) << meldungen.texte.join(u'\n').toStdString();
-    EXPECT_EQ(anlage.XY(5, 2).XY_ArtNr, 47240);
-}
-
-TEST(RichtungText, BothDirections)
-{
-    EXPECT_EQ(RichtungText(0),
-        QStringLiteral("           Es wurde die Fahrtrichtung \n"
-                       "           von Sensor 1 nach Sensor 2 \n"
-                       "           empfangen !! \n"
-                       "        Ist das Symbol im Gleisplan richtig? "));
-    EXPECT_TRUE(RichtungText(1).contains(QStringLiteral("\n           von Sensor 2 nach Sensor 1 \n")));
-}
-
-TEST(RichtungPasst, TwoSensorReceiversShowTheTravelFromSensor1To2)
-{
-    for (int typ : {800, 801, 804, 807, 830, 833}) {
-        EXPECT_TRUE(RichtungPasst(typ, 0));
-        EXPECT_FALSE(RichtungPasst(typ, 1));
-        EXPECT_TRUE(RichtungPasst(typ, -1));
+    const QString warnung = QStringLiteral("Fahrtrichtung über die Sensoren prüfen!|"
+                                           "           Es wurde die Fahrtrichtung \n"
+                                           "           von Sensor 2 nach Sensor 1 \n"
+                                           "           empfangen !! \n"
+                                           "        Ist das Symbol im Gleisplan richtig? ");
+    struct Fall {
+        int x, typ, adresse, status;
+        QStringList meldungen;
+    };
+    // A single sensor has no direction.
+    for (const Fall& f : {Fall {4, 800, 25, 0x60, {warnung}}, Fall {5, 800, 25, 0x40, {}}, Fall {6, 808, 26, 0x60, {}}}) {
+        SCOPED_TRACE(f.x);
+        meldungen.texte.clear();
+        setzen(f.x, 2, f.typ);
+        ausBus(empfaengerMeldung(f.adresse, Integer(f.status)));
+        maus.PultAdr_MouseDown(f.x, 2);
+        EXPECT_EQ(meldungen.texte, f.meldungen);
+        EXPECT_EQ(anlage.XY(f.x, 2).XY_LNCV(0), f.adresse);
+        anlage.XY(f.x, 2) = anlage.XY_Leer(); // the next row may take the same address
     }
-    for (int typ : {808, 811})
-        EXPECT_TRUE(RichtungPasst(typ, 1));
 }
 
-// --- Step 2: the single sensor's second input ---
+// --- the single sensor's second input ---
 
 class SensorPaarTest : public AdrZuordnungTest {
 protected:
@@ -483,7 +404,6 @@ TEST_F(SensorPaarTest, AnInput1WithoutAddressEndsTheWait)
     EXPECT_EQ(anlage.XY(3, 2).XY_SenStat, 0);
 }
 
-// Edge case of Part 3.4.
 TEST_F(SensorPaarTest, LinksBothCellsAndTheSecondInputHoldsNoValuesOfItsOwn)
 {
     maus.PultAdr_MouseDown(2, 2);

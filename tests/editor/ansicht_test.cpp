@@ -1,55 +1,44 @@
-// Part 3.3: views, menus and the lock, widget-free.
+// Which menus the views and the lock leave enabled, widget-free.
 #include "editor/ansicht.h"
 
 #include <gtest/gtest.h>
 
 using namespace planor;
 
-TEST(Part3_3, MenuAndInformationTextsOfTheViews)
+namespace {
+
+TEST(Ansicht, ClipboardMenusByViewLockAndSelection)
 {
-    EXPECT_EQ(AnsichtMenuText(1), QStringLiteral("Gleisplan"));
-    EXPECT_EQ(AnsichtInfoText(2), QStringLiteral("Weichen-, Signal- und NAVIK/TOBRA-Adressen anzeigen"));
-    EXPECT_EQ(AnsichtMenuText(3), QStringLiteral("Tabellenansicht"));
-    EXPECT_EQ(AnsichtInfoText(3), QStringLiteral("Tabellenmodus"));
-    EXPECT_EQ(AnsichtInfoText(4), QStringLiteral("Monitormodus"));
-}
-
-TEST(Part3_3, ClipboardMenusFollowSelectionToolSelectionAndClipboard)
-{
-    ClipBoardMenus m = ClipBoardFlags({1, false, true, true, false});
-    EXPECT_TRUE(m.CopyMenu);
-    EXPECT_TRUE(m.CutMenu);
-    EXPECT_FALSE(m.PasteMenu);
-    EXPECT_TRUE(m.hervorheben);
-    EXPECT_TRUE(m.DelMenu);
-    EXPECT_TRUE(m.EleDrehenMenu);
-
-    m = ClipBoardFlags({1, false, true, false, true});
-    EXPECT_FALSE(m.CopyMenu);
-    EXPECT_TRUE(m.PasteMenu);
-
-    m = ClipBoardFlags({1, false, false, true, true});
-    EXPECT_FALSE(m.CopyMenu || m.CutMenu || m.PasteMenu || m.hervorheben);
-    EXPECT_TRUE(m.DelMenu);
-}
-
-TEST(Part3_3, LockedPlanDisablesEditing)
-{
-    const ClipBoardMenus m = ClipBoardFlags({1, true, true, true, true});
-    EXPECT_FALSE(m.CopyMenu || m.CutMenu || m.PasteMenu || m.DelMenu || m.EleDrehenMenu || m.hervorheben);
-    EXPECT_TRUE(m.eleDrehenAendern);
-}
-
-TEST(Part3_3, OtherViewsDisableTheClipboardAndDelete)
-{
-    for (int ansicht : {2, 3, 4}) {
-        const ClipBoardMenus m = ClipBoardFlags({ansicht, false, true, true, true});
-        EXPECT_FALSE(m.CopyMenu || m.CutMenu || m.PasteMenu || m.DelMenu || m.hervorheben);
-        EXPECT_FALSE(m.eleDrehenAendern) << "EleDrehenMenu is left as it is";
+    struct Fall {
+        ClipBoardZustand ein;
+        bool copy, cut, paste, hervorheben, del, drehen, drehenAendern;
+    };
+    // Rows: view, locked, selection tool, something selected, clipboard filled.
+    const Fall faelle[] = {
+        {{1, false, true, true, false}, true, true, false, true, true, true, true},
+        {{1, false, true, false, true}, false, false, true, true, true, true, true},
+        {{1, false, false, true, true}, false, false, false, false, true, true, true},
+        {{1, true, true, true, true}, false, false, false, false, false, false, true},
+        {{2, false, true, true, true}, false, false, false, false, false, true, false},
+        {{3, false, true, true, true}, false, false, false, false, false, true, false},
+        {{4, false, true, true, true}, false, false, false, false, false, true, false},
+    };
+    for (const Fall& f : faelle) {
+        SCOPED_TRACE(testing::Message() << "view " << f.ein.EditMode << " locked " << f.ein.gesperrt);
+        const ClipBoardMenus m = ClipBoardFlags(f.ein);
+        EXPECT_EQ(m.CopyMenu, f.copy);
+        EXPECT_EQ(m.CutMenu, f.cut);
+        EXPECT_EQ(m.PasteMenu, f.paste);
+        EXPECT_EQ(m.hervorheben, f.hervorheben);
+        EXPECT_EQ(m.DelMenu, f.del);
+        if (f.drehenAendern) { // elsewhere the rotate menu stays as it was
+            EXPECT_EQ(m.EleDrehenMenu, f.drehen);
+        }
+        EXPECT_EQ(m.eleDrehenAendern, f.drehenAendern);
     }
 }
 
-TEST(Part3_3, LockDecidesTitleAndMenus)
+TEST(Ansicht, LockDecidesTitleAndMenus)
 {
     const SperrZustand offen = GleisPlan_Lock_Unlock(false);
     EXPECT_TRUE(offen.GPLockMenu);
@@ -62,3 +51,5 @@ TEST(Part3_3, LockDecidesTitleAndMenus)
     EXPECT_TRUE(zu.ProgHauptMenu);
     EXPECT_FALSE(zu.KonfHauptMenu);
 }
+
+}  // namespace

@@ -1,4 +1,4 @@
-// Parts 3.4 / 3.6: what Get_Adr_from_LN reads from a filled reception row.
+// What a filled reception row reports to the address and monitor views.
 #include "editor/bus_meldung.h"
 
 #include "loconet/empfang.h"
@@ -25,57 +25,54 @@ std::vector<BusMeldung> meldungen(const QByteArray& daten)
     return m;
 }
 
-}  // namespace
-
-TEST(Part3_4, TrainReportGivesReceiverLocomotiveAndStatusByte)
+TEST(BusMeldung, WhatEachRowReports)
 {
-    // Receiver 300 = 2 × 128 + 44, locomotive 1234 = 9 × 128 + 82, S2 to S1.
-    const auto m = meldungen(ZugMeldung(300, 1234, 1, 2));
-    ASSERT_EQ(m.size(), 1u);
-    EXPECT_EQ(m[0].art, BusMeldung::Empfaenger);
-    EXPECT_EQ(m[0].adresse, 300);
-    EXPECT_EQ(m[0].lok, 1234);
-    EXPECT_EQ(m[0].status, 0x62);
-    EXPECT_TRUE(m[0].zugmeldung());
-    EXPECT_TRUE(m[0].fuerAdressAnsicht());
-}
-
-TEST(Part3_4, StatusReportsAreNoTrainReportsAndNotForTheAddressView)
-{
-    // Ask_Navik's query and a speed report have b3 AND 0x60 = 0x20.
-    for (const QByteArray& nachricht : {Ask_Navik_Nachricht(5), bytes({0xE4, 0x08, 0x00, 0x20, 0x05, 0x00, 0x30})}) {
-        const auto m = meldungen(nachricht + char(0));
-        ASSERT_EQ(m.size(), 1u);
-        EXPECT_EQ(m[0].art, BusMeldung::Empfaenger);
-        EXPECT_EQ(m[0].adresse, 5);
-        EXPECT_FALSE(m[0].zugmeldung());
-        EXPECT_FALSE(m[0].fuerAdressAnsicht());
+    struct Erwartet {
+        BusMeldung::Art art;
+        int adresse, lok = 0, status = -1, zustand = -1;
+        bool zug = false, adressAnsicht = false;
+    };
+    struct Fall {
+        const char* name;
+        QByteArray daten;
+        std::vector<Erwartet> erwartet;
+    };
+    const Fall faelle[] = {
+        // Receiver 300 = 2 × 128 + 44, locomotive 1234 = 9 × 128 + 82, S2 to S1.
+        {"train report", ZugMeldung(300, 1234, 1, 2), {{BusMeldung::Empfaenger, 300, 1234, 0x62, -1, true, true}}},
+        // Status query and speed report have b3 AND 0x60 = 0x20: no train.
+        {"status query", Ask_Navik_Nachricht(5) + char(0), {{BusMeldung::Empfaenger, 5}}},
+        {"speed report", bytes({0xE4, 0x08, 0x00, 0x20, 0x05, 0x00, 0x30, 0x00}), {{BusMeldung::Empfaenger, 5}}},
+        // Only the "on" half of a switch command (bit 4) names the position.
+        {"switch on and off", SendMag_Nachricht(1, 0, true) + char(0) + SendMag_Nachricht(1, 0, false) + char(0),
+         {{BusMeldung::Magnetartikel, 1, 0, -1, 0}, {BusMeldung::Keine, -1}}},
+        // b1 = 0x7F, b2 AND 15 = 3: address 3 × 128 + 127 + 1 = 512; bit 5 green.
+        {"high address, green", bytes({0xB0, 0x7F, 0x33, 0x00}), {{BusMeldung::Magnetartikel, 512, 0, -1, 1}}},
+        {"other opcode", bytes({0xB4, 0x3C, 0x30, 0x00}), {{BusMeldung::Keine, -1}}},
+    };
+    for (const Fall& f : faelle) {
+        SCOPED_TRACE(f.name);
+        const auto m = meldungen(f.daten);
+        ASSERT_EQ(m.size(), f.erwartet.size());
+        for (std::size_t i = 0; i < m.size(); ++i) {
+            const Erwartet& e = f.erwartet[i];
+            EXPECT_EQ(m[i].art, e.art);
+            if (e.adresse >= 0) {
+                EXPECT_EQ(m[i].adresse, e.adresse);
+            }
+            if (e.art == BusMeldung::Empfaenger) {
+                EXPECT_EQ(m[i].zugmeldung(), e.zug);
+                EXPECT_EQ(m[i].fuerAdressAnsicht(), e.adressAnsicht);
+            }
+            if (e.zug) {
+                EXPECT_EQ(m[i].lok, e.lok);
+                EXPECT_EQ(m[i].status, e.status);
+            }
+            if (e.zustand >= 0) {
+                EXPECT_EQ(m[i].zustand, e.zustand);
+            }
+        }
     }
 }
 
-TEST(Part3_4, SwitchCommandCountsOnlyWithBit4)
-{
-    // SendMag on address 1, position 0: "on" then "off" (Part 2.3's edge case).
-    const auto m = meldungen(SendMag_Nachricht(1, 0, true) + char(0) + SendMag_Nachricht(1, 0, false) + char(0));
-    ASSERT_EQ(m.size(), 2u);
-    EXPECT_EQ(m[0].art, BusMeldung::Magnetartikel);
-    EXPECT_EQ(m[0].adresse, 1);
-    EXPECT_EQ(m[0].zustand, 0);
-    EXPECT_EQ(m[1].art, BusMeldung::Keine);
-}
-
-TEST(Part3_4, SwitchCommandAddressAndGreen)
-{
-    // b1 = 0x7F, b2 AND 15 = 3: address 3 × 128 + 127 + 1 = 512; bit 5 green.
-    const auto m = meldungen(bytes({0xB0, 0x7F, 0x33, 0x00}));
-    ASSERT_EQ(m.size(), 1u);
-    EXPECT_EQ(m[0].adresse, 512);
-    EXPECT_EQ(m[0].zustand, 1);
-}
-
-TEST(Part3_4, OtherRowsTellNothing)
-{
-    const auto m = meldungen(bytes({0xB4, 0x3C, 0x30, 0x00}));
-    ASSERT_EQ(m.size(), 1u);
-    EXPECT_EQ(m[0].art, BusMeldung::Keine);
-}
+}  // namespace

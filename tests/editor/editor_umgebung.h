@@ -13,15 +13,28 @@
 
 namespace planor::test {
 
-struct GesammelteMeldungen final : Benutzer {
-    void meldung(const QString& titel, const QString& text, Symbol symbol) override
-    {
-        texte << titel + u'|' + text;
-        symbole.push_back(symbol);
-    }
-    QStringList texte;
-    std::vector<Symbol> symbole;
-};
+// Cells as a loaded panel holds them: the first catalogue element of type
+// `typ`, and its addresses.
+inline void zelleSetzen(Anlage& anlage, const Elementkatalog& katalog, int x, int y, int typ,
+    Integer a1 = 0, Integer a2 = 0, Integer a3 = 0)
+{
+    XY_Typ& z = anlage.XY(x, y);
+    z = anlage.XY_Leer();
+    z.XY_Element = Integer(katalog.indexVonTyp(typ));
+    EXPECT_GT(z.XY_Element, 0) << typ;
+    z.XY_ADR1 = a1;
+    z.XY_ADR2 = a2;
+    z.XY_ADR3 = a3;
+}
+
+// A receiver module with its article and address.
+inline void empfaengerSetzen(Anlage& anlage, const Elementkatalog& katalog, int x, int y, int adresse,
+    Long artNr = 47220, int typ = 800)
+{
+    zelleSetzen(anlage, katalog, x, y, typ);
+    anlage.XY(x, y).XY_ArtNr = artNr;
+    anlage.XY(x, y).XY_LNCV(0) = Integer(adresse);
+}
 
 // Indices of the test catalogue.
 enum TestElement {
@@ -61,7 +74,7 @@ protected:
 
     Anlage anlage;
     Elementkatalog katalog;
-    GesammelteMeldungen meldungen;
+    Meldungen meldungen;
     PultEditor editor{anlage, katalog, meldungen};
     QList<QPoint> neuGezeichnet;
 };

@@ -1,4 +1,4 @@
-// Part 3.6 MagArtStatus: the options' labels by the element's type, the
+// The accessory status form: the options' labels by the element's type, the
 // choice within each group, and what OK takes from it.
 #include "editor/mag_art_status.h"
 
@@ -13,7 +13,7 @@ using namespace planor::test;
 
 namespace {
 
-class Part3_6_MagArtStatus : public MitFehlerbericht {
+class MagArtStatusForm : public MitFehlerbericht {
 protected:
     void SetUp() override
     {
@@ -47,30 +47,35 @@ protected:
 
 }  // namespace
 
-TEST_F(Part3_6_MagArtStatus, TurnoutsAreLabelledAdresse)
+TEST_F(MagArtStatusForm, OptionsAreLabelledByTheElementsType)
 {
-    const MagArtStatus_Zustand z = laden(201, 12, 13);
-    EXPECT_EQ(texte(z), (QStringList{"Adresse: 12", "Adresse: 13", "Adresse: -"}));
-    EXPECT_EQ(aktiv(z), (QList<bool>{true, true, false}));
-    EXPECT_EQ(texte(laden(101, 5)), (QStringList{"Adresse: 5", "Adresse: -", "Adresse: -"}));
-    EXPECT_EQ(texte(laden(302, 7, 8)), (QStringList{"Adresse: 7", "Adresse: 8", "Adresse: -"}));
+    struct Fall {
+        int typ;
+        Integer a1, a2, a3;
+        QStringList texte;
+    };
+    const Fall faelle[] = {
+        {201, 12, 13, 0, {"Adresse: 12", "Adresse: 13", "Adresse: -"}},
+        {101, 5, 0, 0, {"Adresse: 5", "Adresse: -", "Adresse: -"}},
+        {302, 7, 8, 0, {"Adresse: 7", "Adresse: 8", "Adresse: -"}},
+        {501, 20, 0, 0, {"Hauptsignal: 20", "Adresse: -", "Adresse: -"}},
+        {512, 20, 21, 0, {"Hauptsignal: 20", "Vorsignal: 21", "Adresse: -"}},
+        {521, 20, 0, 22, {"Hauptsignal: 20", "Adresse: -", "Rangiersignal: 22"}},
+        {532, 20, 21, 22, {"Hauptsignal: 20", "Vorsignal: 21", "Rangiersignal: 22"}},
+        {541, 23, 0, 0, {"Vorsignal: 23", "Adresse: -", "Adresse: -"}},
+        {552, 24, 0, 0, {"Rangiersignal: 24", "Adresse: -", "Adresse: -"}},
+        // A head without an address shows "-" and cannot be chosen.
+        {511, 20, 0, 0, {"Hauptsignal: 20", "Vorsignal: -", "Adresse: -"}},
+    };
+    for (const Fall& f : faelle) {
+        SCOPED_TRACE(f.typ);
+        const MagArtStatus_Zustand z = laden(f.typ, f.a1, f.a2, f.a3);
+        EXPECT_EQ(texte(z), f.texte);
+        EXPECT_EQ(aktiv(z), (QList<bool>{f.a1 != 0, f.a2 != 0, f.a3 != 0}));
+    }
 }
 
-TEST_F(Part3_6_MagArtStatus, SignalHeadsAreLabelledByTheirKind)
-{
-    EXPECT_EQ(texte(laden(501, 20)), (QStringList{"Hauptsignal: 20", "Adresse: -", "Adresse: -"}));
-    EXPECT_EQ(texte(laden(512, 20, 21)), (QStringList{"Hauptsignal: 20", "Vorsignal: 21", "Adresse: -"}));
-    EXPECT_EQ(texte(laden(521, 20, 0, 22)), (QStringList{"Hauptsignal: 20", "Adresse: -", "Rangiersignal: 22"}));
-    EXPECT_EQ(texte(laden(532, 20, 21, 22)), (QStringList{"Hauptsignal: 20", "Vorsignal: 21", "Rangiersignal: 22"}));
-    EXPECT_EQ(texte(laden(541, 23)), (QStringList{"Vorsignal: 23", "Adresse: -", "Adresse: -"}));
-    EXPECT_EQ(texte(laden(552, 24)), (QStringList{"Rangiersignal: 24", "Adresse: -", "Adresse: -"}));
-    // A head without an address shows "-" and cannot be chosen.
-    const MagArtStatus_Zustand z = laden(511, 20, 0);
-    EXPECT_EQ(z.AdrOptText(2), QStringLiteral("Vorsignal: -"));
-    EXPECT_FALSE(z.AdrOptAktiv(2));
-}
-
-TEST_F(Part3_6_MagArtStatus, TheFirstAddressAndRotAreChosen)
+TEST_F(MagArtStatusForm, TheFirstAddressAndRotAreChosen)
 {
     MagArtStatus_Zustand z = laden(521, 0, 0, 22);
     EXPECT_EQ(MagArtStatus_Adresse(z), 22);
@@ -80,7 +85,7 @@ TEST_F(Part3_6_MagArtStatus, TheFirstAddressAndRotAreChosen)
     EXPECT_EQ(MagArtStatus_Stellung(z), 0);
 }
 
-TEST_F(Part3_6_MagArtStatus, EachGroupHoldsOneChoice)
+TEST_F(MagArtStatusForm, EachGroupHoldsOneChoice)
 {
     MagArtStatus_Zustand z = laden(201, 12, 13);
     AdrOpt_Click(z, 2);
@@ -93,11 +98,4 @@ TEST_F(Part3_6_MagArtStatus, EachGroupHoldsOneChoice)
     // A disabled option gives no address.
     AdrOpt_Click(z, 3);
     EXPECT_EQ(MagArtStatus_Adresse(z), 0);
-}
-
-TEST_F(Part3_6_MagArtStatus, TheFormTextsAreTheSpecs)
-{
-    EXPECT_EQ(MagArtStatusTitel, QStringLiteral("Magnetartikel Status"));
-    EXPECT_EQ(StatOptText0, QStringLiteral("rot"));
-    EXPECT_EQ(StatOptText1, QStringLiteral("grün"));
 }

@@ -1,7 +1,6 @@
-// Part 3.6: the live monitor view — set_mon, set_mon_mag with every row of
-// its picture table, Show_Monitor with and without the port, Mon_MouseUp's
-// switching by family, and the view-4 half of Get_Adr_from_LN — over the
-// installation's catalogue and the built-in simulator in virtual time.
+// The live monitor view: the pictures by state, reading the states, switching
+// by click and following the bus, over the installation's catalogue and the
+// built-in simulator in virtual time.
 #include "editor/monitor_ansicht.h"
 
 #include "core/element_katalog.h"
@@ -12,6 +11,7 @@
 #include "loconet/lncv_austausch.h"
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
+#include "tests/editor/editor_umgebung.h"
 #include "tests/support/berichte.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ using namespace planor::test;
 
 namespace {
 
-class Part3_6_Monitor : public MitFehlerbericht {
+class Monitoransicht : public MitFehlerbericht {
 protected:
     void SetUp() override
     {
@@ -41,21 +41,13 @@ protected:
     }
     void TearDown() override { EXPECT_TRUE(berichte.texte.isEmpty()) << berichte.texte.join(u'\n').toStdString(); }
 
-    // An element of type `typ` at (x, y) with its addresses.
     void setzen(int x, int y, int typ, Integer a1 = 0, Integer a2 = 0, Integer a3 = 0)
     {
-        XY_Typ& z = anlage.XY(x, y);
-        z.XY_Element = katalog.indexVonTyp(typ);
-        ASSERT_GT(z.XY_Element, 0) << typ;
-        z.XY_ADR1 = a1;
-        z.XY_ADR2 = a2;
-        z.XY_ADR3 = a3;
+        zelleSetzen(anlage, katalog, x, y, typ, a1, a2, a3);
     }
     void empfaenger(int x, int y, Integer adresse, Long artNr = 47220)
     {
-        setzen(x, y, 800);
-        anlage.XY(x, y).XY_ArtNr = artNr;
-        anlage.XY(x, y).XY_LNCV(0) = adresse;
+        empfaengerSetzen(anlage, katalog, x, y, adresse, artNr);
     }
     QString bild(int x, int y) const { return mon.index(y - 1, x - 1).data(BildRolle).toString(); }
     QString text(int x, int y) const { return mon.index(y - 1, x - 1).data(Qt::DisplayRole).toString(); }
@@ -91,29 +83,23 @@ protected:
 
 // --- set_mon -------------------------------------------------------------
 
-TEST_F(Part3_6_Monitor, SetMonDrawsTheMonitorPictureWithoutText)
+TEST_F(Monitoransicht, SetMonDrawsTheMonitorPictureAndNotesEveryAddress)
 {
     setzen(2, 3, 101, 5);
+    setzen(4, 4, 531, 20, 21, 22);
     monitor->set_mon(2, 3);
+    monitor->set_mon(4, 4);
     EXPECT_EQ(bild(2, 3), QStringLiteral("w101_w_no_mon.bmp"));
     EXPECT_FALSE(mon.index(2, 1).data(Qt::DisplayRole).isValid());
     EXPECT_FALSE(mon.index(2, 1).data(SchriftRolle).isValid());
-    EXPECT_EQ(monitor->MagZelle(5).x, 2);
-    EXPECT_EQ(monitor->MagZelle(5).y, 3);
-}
-
-TEST_F(Part3_6_Monitor, SetMonWritesEveryAddressOfTheCell)
-{
-    setzen(4, 4, 531, 20, 21, 22);
-    monitor->set_mon(4, 4);
-    for (const Long a : {20, 21, 22}) {
-        EXPECT_EQ(monitor->MagZelle(a).x, 4) << a;
-        EXPECT_EQ(monitor->MagZelle(a).y, 4) << a;
+    for (const Long a : {5, 20, 21, 22}) {
+        EXPECT_EQ(monitor->MagZelle(a).x, a == 5 ? 2 : 4) << a;
+        EXPECT_EQ(monitor->MagZelle(a).y, a == 5 ? 3 : 4) << a;
     }
     EXPECT_EQ(monitor->MagZelle(23).x, 0);
 }
 
-TEST_F(Part3_6_Monitor, ReceiversOfTheFiveArticlesShowADashInArial8BoldCentred)
+TEST_F(Monitoransicht, ReceiversOfTheFiveArticlesShowADashInArial8BoldCentred)
 {
     int x = 1;
     for (const Long art : {47120, 47220, 47230, 47240, 5330}) {
@@ -133,7 +119,7 @@ TEST_F(Part3_6_Monitor, ReceiversOfTheFiveArticlesShowADashInArial8BoldCentred)
     EXPECT_EQ(monitor->NavikStatus(100).zelle.x, 0);
 }
 
-TEST_F(Part3_6_Monitor, ShowMonitorClearsEmptyCellsToTheEmptyPicture)
+TEST_F(Monitoransicht, ShowMonitorClearsEmptyCellsToTheEmptyPicture)
 {
     mon.setzeZelle(3, 3, {QStringLiteral("w101_g.bmp"), QStringLiteral("17"), {}, 4});
     monitor->Show_Monitor(nullptr);
@@ -141,9 +127,7 @@ TEST_F(Part3_6_Monitor, ShowMonitorClearsEmptyCellsToTheEmptyPicture)
     EXPECT_EQ(text(3, 3), QString());
 }
 
-// --- Edge cases of Part 3.6 ------------------------------------------------
-
-TEST_F(Part3_6_Monitor, WithoutAnOpenPortTheMonitorShowsThePlanWithNoState)
+TEST_F(Monitoransicht, WithoutAnOpenPortTheMonitorShowsThePlanWithNoState)
 {
     setzen(2, 2, 101, 1);
     setzen(3, 2, 201, 2, 3);
@@ -161,7 +145,7 @@ TEST_F(Part3_6_Monitor, WithoutAnOpenPortTheMonitorShowsThePlanWithNoState)
     EXPECT_EQ(monitor->MagStatus(1), 0);
 }
 
-TEST_F(Part3_6_Monitor, AnAddressOfTwoCellsUpdatesOnlyTheCellVisitedLast)
+TEST_F(Monitoransicht, AnAddressOfTwoCellsUpdatesOnlyTheCellVisitedLast)
 {
     // Show_Monitor goes column by column: (4, 1) comes after (2, 3).
     setzen(2, 3, 101, 5);
@@ -176,9 +160,7 @@ TEST_F(Part3_6_Monitor, AnAddressOfTwoCellsUpdatesOnlyTheCellVisitedLast)
     EXPECT_EQ(bild(2, 3), monBild(2, 3));
 }
 
-// --- Show_Monitor step 2 -----------------------------------------------------
-
-TEST_F(Part3_6_Monitor, ShowMonitorReadsTheStatesOfTheAddressesInUse)
+TEST_F(Monitoransicht, ShowMonitorReadsTheStatesOfTheAddressesInUse)
 {
     setzen(2, 2, 101, 1);
     setzen(3, 2, 101, 2);
@@ -200,7 +182,7 @@ TEST_F(Part3_6_Monitor, ShowMonitorReadsTheStatesOfTheAddressesInUse)
     EXPECT_EQ(monitor->MagStatus(9), 1) << "an address not in use is not asked";
 }
 
-TEST_F(Part3_6_Monitor, AnAccessoryThatDoesNotAnswerKeepsThePlansPicture)
+TEST_F(Monitoransicht, AnAccessoryThatDoesNotAnswerKeepsThePlansPicture)
 {
     setzen(2, 2, 101, 1);
     sim.bus().stoerung.einstellungen.nurGeraete = true;
@@ -211,7 +193,7 @@ TEST_F(Part3_6_Monitor, AnAccessoryThatDoesNotAnswerKeepsThePlansPicture)
     EXPECT_EQ(bild(2, 2), monBild(2, 2));
 }
 
-TEST_F(Part3_6_Monitor, ShowMonitorAsksTheReceiversAndShowsTheirLastTrain)
+TEST_F(Monitoransicht, ShowMonitorAsksTheReceiversAndShowsTheirLastTrain)
 {
     empfaenger(2, 5, 3);
     empfaenger(6, 5, 4);
@@ -231,14 +213,10 @@ TEST_F(Part3_6_Monitor, ShowMonitorAsksTheReceiversAndShowsTheirLastTrain)
 
 // --- set_mon_mag --------------------------------------------------------
 
-TEST_F(Part3_6_Monitor, SetMonMagWithoutACellDoesNothing)
+TEST_F(Monitoransicht, AddressesOutsideTheTablesRaiseError9)
 {
-    monitor->set_mon_mag(7, 1);
-    EXPECT_EQ(monitor->MagStatus(7), 0) << "not even stored";
-}
-
-TEST_F(Part3_6_Monitor, AddressesOutsideTheTablesRaiseError9)
-{
+    monitor->set_mon_mag(7, 1); // no cell: not even stored
+    EXPECT_EQ(monitor->MagStatus(7), 0);
     monitor->set_mon_mag(0, 1);
     monitor->set_mon_mag(2049, 1);
     ASSERT_EQ(berichte.texte.size(), 2);
@@ -247,7 +225,7 @@ TEST_F(Part3_6_Monitor, AddressesOutsideTheTablesRaiseError9)
     berichte.texte.clear();
 }
 
-TEST_F(Part3_6_Monitor, TrainReportOfReceiver0FromTheBusIsIgnoredWithoutAnErrorBox)
+TEST_F(Monitoransicht, TrainReportOfReceiver0FromTheBusIsIgnoredWithoutAnErrorBox)
 {
     // Bus data is outside input: a module not yet given an address reports as receiver 0.
     BusMeldung m;
@@ -271,7 +249,7 @@ struct Zeile {
 
 }  // namespace
 
-TEST_F(Part3_6_Monitor, EveryRowOfThePictureTable)
+TEST_F(Monitoransicht, EveryRowOfThePictureTable)
 {
     const Zeile zeilen[] = {
         // 101..199, 501, 502, 541, 542, 551, 552: s = state XOR XY_STATTAUSCH1.
@@ -358,7 +336,7 @@ TEST_F(Part3_6_Monitor, EveryRowOfThePictureTable)
     }
 }
 
-TEST_F(Part3_6_Monitor, TheReportedStateDrivesOneAddressElementsAndTheStoredOnesTheOthers)
+TEST_F(Monitoransicht, TheReportedStateDrivesOneAddressElementsAndTheStoredOnesTheOthers)
 {
     // 511 by stored states: a report for the distant signal draws with S1 as stored.
     setzen(2, 2, 511, 1, 2);
@@ -371,7 +349,7 @@ TEST_F(Part3_6_Monitor, TheReportedStateDrivesOneAddressElementsAndTheStoredOnes
     EXPECT_EQ(bild(2, 2), QStringLiteral("s511_rr.bmp"));
 }
 
-TEST_F(Part3_6_Monitor, TheStatePictureKeepsTheReceiverText)
+TEST_F(Monitoransicht, TheStatePictureKeepsTheReceiverText)
 {
     setzen(2, 2, 101, 1);
     monitor->Show_Monitor(nullptr);
@@ -383,47 +361,45 @@ TEST_F(Part3_6_Monitor, TheStatePictureKeepsTheReceiverText)
 
 // --- Mon_MouseUp ------------------------------------------------------------
 
-TEST_F(Part3_6_Monitor, ALeftClickInvertsATurnoutWithOneAddress)
+TEST_F(Monitoransicht, ALeftClickSwitchesByFamily)
 {
-    setzen(2, 2, 101, 6);
-    sim.geraete().setzeWeiche(6, 0);
-    monitor->Show_Monitor(&link);
-    monitor->Mon_MouseUp_Links(link, 2, 2);
-    warten();
-    EXPECT_EQ(sim.geraete().weiche(6), 1);
-    EXPECT_EQ(bild(2, 2), QStringLiteral("w101_g.bmp"));
-    monitor->Mon_MouseUp_Links(link, 2, 2);
-    warten();
-    EXPECT_EQ(sim.geraete().weiche(6), 0);
-    EXPECT_EQ(bild(2, 2), bmp(2, 2));
+    struct Fall {
+        int typ;
+        std::vector<Integer> adressen;
+        std::vector<int> vorher, nachher;
+        QString bild; // "" for the element's own Bmp
+    };
+    const Fall faelle[] = {
+        {101, {6}, {0}, {1}, QStringLiteral("w101_g.bmp")},
+        {101, {6}, {1}, {0}, QString()},
+        {502, {20}, {1}, {0}, QString()}, // a main signal switches as a turnout
+        {201, {3, 4}, {0, 1}, {1, 0}, QStringLiteral("dkw201_gr.bmp")},
+        {531, {20, 21, 22}, {1, 0, 1}, {0, 1, 0}, QString()},
+        // Never switched reads green, so red now.
+        {521, {23, 0, 24}, {-1, -1, -1}, {0, -1, 0}, QString()},
+    };
+    for (const Fall& f : faelle) {
+        SCOPED_TRACE(testing::Message() << f.typ << " from " << f.vorher[0]);
+        anlage.neues_pult_setzen();
+        monitor = std::make_unique<MonitorAnsicht>(anlage, katalog, mon);
+        const auto adr = [&](std::size_t i) { return i < f.adressen.size() ? f.adressen[i] : Integer(0); };
+        setzen(2, 2, f.typ, adr(0), adr(1), adr(2));
+        for (std::size_t i = 0; i < f.adressen.size(); ++i)
+            if (f.vorher[i] >= 0)
+                sim.geraete().setzeWeiche(f.adressen[i], f.vorher[i]);
+        monitor->Show_Monitor(&link);
+        monitor->Mon_MouseUp_Links(link, 2, 2);
+        warten();
+        for (std::size_t i = 0; i < f.adressen.size(); ++i) {
+            if (f.nachher[i] >= 0) {
+                EXPECT_EQ(sim.geraete().weiche(f.adressen[i]), f.nachher[i]) << f.adressen[i];
+            }
+        }
+        EXPECT_EQ(bild(2, 2), f.bild.isEmpty() ? bmp(2, 2) : f.bild);
+    }
 }
 
-TEST_F(Part3_6_Monitor, AMainSignalSwitchesAsATurnout)
-{
-    setzen(2, 2, 502, 20);
-    sim.geraete().setzeWeiche(20, 1);
-    monitor->Show_Monitor(&link);
-    monitor->Mon_MouseUp_Links(link, 2, 2);
-    warten();
-    EXPECT_EQ(sim.geraete().weiche(20), 0);
-    EXPECT_EQ(bild(2, 2), bmp(2, 2));
-}
-
-TEST_F(Part3_6_Monitor, ALeftClickOnATwoAddressTurnoutInvertsEachAddress)
-{
-    setzen(2, 2, 201, 3, 4);
-    sim.geraete().setzeWeiche(3, 0);
-    sim.geraete().setzeWeiche(4, 1);
-    monitor->Show_Monitor(&link);
-    EXPECT_EQ(bild(2, 2), QStringLiteral("dkw201_rg.bmp"));
-    monitor->Mon_MouseUp_Links(link, 2, 2);
-    warten();
-    EXPECT_EQ(sim.geraete().weiche(3), 1);
-    EXPECT_EQ(sim.geraete().weiche(4), 0);
-    EXPECT_EQ(bild(2, 2), QStringLiteral("dkw201_gr.bmp"));
-}
-
-TEST_F(Part3_6_Monitor, AThreeWayTurnoutCyclesItsAspectsSkippingZero)
+TEST_F(Monitoransicht, AThreeWayTurnoutCyclesItsAspectsSkippingZero)
 {
     setzen(2, 2, 301, 7, 8);
     sim.geraete().setzeWeiche(7, 0);
@@ -440,28 +416,7 @@ TEST_F(Part3_6_Monitor, AThreeWayTurnoutCyclesItsAspectsSkippingZero)
     }
 }
 
-TEST_F(Part3_6_Monitor, SignalsWithSeveralAddressesInvertEachAddress)
-{
-    setzen(2, 2, 531, 20, 21, 22);
-    sim.geraete().setzeWeiche(20, 1);
-    sim.geraete().setzeWeiche(21, 0);
-    sim.geraete().setzeWeiche(22, 1);
-    monitor->Show_Monitor(&link);
-    monitor->Mon_MouseUp_Links(link, 2, 2);
-    warten();
-    EXPECT_EQ(sim.geraete().weiche(20), 0);
-    EXPECT_EQ(sim.geraete().weiche(21), 1);
-    EXPECT_EQ(sim.geraete().weiche(22), 0);
-    EXPECT_EQ(bild(2, 2), bmp(2, 2)) << "(0, 1, 0)";
-    setzen(3, 2, 521, 23, 0, 24);
-    monitor->Show_Monitor(&link);
-    monitor->Mon_MouseUp_Links(link, 3, 2);
-    warten();
-    EXPECT_EQ(sim.geraete().weiche(23), 0) << "never switched reads green, so red now";
-    EXPECT_EQ(sim.geraete().weiche(24), 0);
-}
-
-TEST_F(Part3_6_Monitor, OnlyAccessoriesWithAnAddressAreSwitched)
+TEST_F(Monitoransicht, OnlyAccessoriesWithAnAddressAreSwitched)
 {
     setzen(2, 2, 101);      // no address
     setzen(3, 2, 9, 5);     // a track piece with a stray address
@@ -479,7 +434,7 @@ TEST_F(Part3_6_Monitor, OnlyAccessoriesWithAnAddressAreSwitched)
     EXPECT_TRUE(monitor->schaltbar(5, 2));
 }
 
-TEST_F(Part3_6_Monitor, AFailedSendLeavesTheStateAndPicture)
+TEST_F(Monitoransicht, AFailedSendLeavesTheStateAndPicture)
 {
     setzen(2, 2, 101, 6);
     monitor->Show_Monitor(nullptr);
@@ -489,7 +444,7 @@ TEST_F(Part3_6_Monitor, AFailedSendLeavesTheStateAndPicture)
     EXPECT_EQ(bild(2, 2), monBild(2, 2));
 }
 
-TEST_F(Part3_6_Monitor, NeuZeichnenAfterTauschFormShowsTheSwappedMarkers)
+TEST_F(Monitoransicht, NeuZeichnenAfterTauschFormShowsTheSwappedMarkers)
 {
     setzen(2, 2, 101, 6);
     monitor->Show_Monitor(nullptr);
@@ -503,7 +458,7 @@ TEST_F(Part3_6_Monitor, NeuZeichnenAfterTauschFormShowsTheSwappedMarkers)
 
 // --- Get_Adr_from_LN, view 4 ---------------------------------------------------
 
-TEST_F(Part3_6_Monitor, ASwitchCommandOnTheBusShowsItsState)
+TEST_F(Monitoransicht, ASwitchCommandOnTheBusShowsItsState)
 {
     setzen(2, 2, 101, 12);
     monitor->Show_Monitor(nullptr);
@@ -520,7 +475,7 @@ TEST_F(Part3_6_Monitor, ASwitchCommandOnTheBusShowsItsState)
     EXPECT_EQ(monitor->MagStatus(12), 1);
 }
 
-TEST_F(Part3_6_Monitor, ATrainReportShowsTheLocomotiveOnTheReceiversCell)
+TEST_F(Monitoransicht, ATrainReportShowsTheLocomotiveOnTheReceiversCell)
 {
     empfaenger(3, 4, 2);
     empfaenger(5, 4, 4);
@@ -536,25 +491,9 @@ TEST_F(Part3_6_Monitor, ATrainReportShowsTheLocomotiveOnTheReceiversCell)
     EXPECT_EQ(monitor->NavikStatus(9).lok, 0);
 }
 
-TEST_F(Part3_6_Monitor, AReportThatIsNoTrainReportIsNotShown)
-{
-    empfaenger(3, 4, 2);
-    monitor->Show_Monitor(nullptr);
-    BusMeldung m;
-    m.art = BusMeldung::Empfaenger;
-    m.adresse = 2;
-    m.status = 0x20;  // a query, speed or block state
-    m.lok = 77;
-    monitor->meldung(m);
-    EXPECT_EQ(text(3, 4), QStringLiteral("-"));
-    m.status = 0x40;
-    monitor->meldung(m);
-    EXPECT_EQ(text(3, 4), QStringLiteral("77"));
-}
-
 // --- MagArtStatus in view 4 -----------------------------------------------------
 
-TEST_F(Part3_6_Monitor, MagArtStatusOkSendsTheChosenStateToTheChosenAddress)
+TEST_F(Monitoransicht, MagArtStatusOkSendsTheChosenStateToTheChosenAddress)
 {
     setzen(2, 2, 511, 20, 21);
     sim.geraete().setzeWeiche(20, 0);

@@ -1,4 +1,4 @@
-// Parts 3.1 and 3.2: placing, deleting, rotating, clipboard and undo.
+// The panel editor: placing, deleting, rotating, clipboard and undo.
 #include "tests/editor/editor_umgebung.h"
 
 #include "core/laufzeitfehler.h"
@@ -9,11 +9,10 @@ using namespace planor;
 using namespace planor::test;
 
 namespace {
-class Part3_1 : public MitPult {};
-class Part3_2 : public MitPult {};
+using Pulteditor = MitPult;
 }  // namespace
 
-TEST_F(Part3_1, SetzePultElementPlacesAFreshCellAndMarksTheProjectChanged)
+TEST_F(Pulteditor, SetzePultElementPlacesAFreshCellAndMarksTheProjectChanged)
 {
     anlage.PultGeaendert = 0;
     anlage.XY(2, 3).XY_ADR1 = 99;
@@ -25,18 +24,22 @@ TEST_F(Part3_1, SetzePultElementPlacesAFreshCellAndMarksTheProjectChanged)
     EXPECT_EQ(editor.XY_Alt.XY_ADR1, 99);
 }
 
-TEST_F(Part3_1, SelectionToolAndLeerChangeNothing)
+TEST_F(Pulteditor, SelectionToolAndLeerChangeNothing)
 {
     setzen(2, 3, Weiche101);
     anlage.PultGeaendert = 0;
-    editor.SetzePultElement(Auswahl);
-    editor.SetzePultElement(Leer);
-    editor.SetzePultElement(0);
+    for (int element : {int(Auswahl), int(Leer), 0})
+        editor.SetzePultElement(element);
     EXPECT_EQ(anlage.XY(2, 3).XY_Element, Weiche101);
     EXPECT_EQ(anlage.PultGeaendert, 0);
+    editor.Elemente_Click(Auswahl);
+    EXPECT_TRUE(editor.MarkenMode);
+    EXPECT_EQ(editor.zeiger, PultZeiger::Pfeil);
+    editor.Pult_LinksKlick(3, 3);
+    EXPECT_EQ(anlage.XY(3, 3).XY_Element, Leer);
 }
 
-TEST_F(Part3_1, SetzeTextIgnoresCoordinatesAboveThePanelSize)
+TEST_F(Pulteditor, SetzeTextIgnoresCoordinatesAboveThePanelSize)
 {
     neuGezeichnet.clear();
     editor.SetzeText(31, 1);
@@ -47,19 +50,7 @@ TEST_F(Part3_1, SetzeTextIgnoresCoordinatesAboveThePanelSize)
     EXPECT_EQ(neuGezeichnet, QList<QPoint>{QPoint(30, 30)});
 }
 
-TEST_F(Part3_1, SmallerPanelKeepsTheDataOfCellsBeyondIt)
-{
-    setzen(30, 5, Weiche101);
-    anlage.XY(30, 5).XY_ADR1 = 12;
-    anlage.DimensionenX = 20;
-    EXPECT_EQ(anlage.XY(30, 5).XY_ADR1, 12);
-    anlage.DimensionenX = 30;
-    EXPECT_EQ(anlage.XY(30, 5).XY_Element, Weiche101);
-    anlage.neues_pult_setzen();
-    EXPECT_EQ(anlage.XY(30, 5).XY_Element, Leer);
-}
-
-TEST_F(Part3_2, EraserDeletesAndKeepsOneUndoStep)
+TEST_F(Pulteditor, EraserDeletesAndKeepsOneUndoStep)
 {
     modul(4, 4, 17);
     setzen(4, 4, Radierer);
@@ -75,17 +66,7 @@ TEST_F(Part3_2, EraserDeletesAndKeepsOneUndoStep)
     EXPECT_EQ(editor.UndoGueltig, 0);
 }
 
-TEST_F(Part3_2, UndoAfterUndoDoesNothing)
-{
-    setzen(4, 4, Weiche101);
-    setzen(4, 4, Radierer);
-    editor.Cntrl_Z();
-    setzen(4, 4, GeradeW);
-    editor.Cntrl_Z();
-    EXPECT_EQ(anlage.XY(4, 4).XY_Element, GeradeW);
-}
-
-TEST_F(Part3_2, ASecondDeletionOverwritesTheUndoRecord)
+TEST_F(Pulteditor, UndoKeepsOnlyTheLastDeletion)
 {
     setzen(4, 4, Weiche101);
     setzen(5, 5, Signal511);
@@ -94,9 +75,12 @@ TEST_F(Part3_2, ASecondDeletionOverwritesTheUndoRecord)
     editor.Cntrl_Z();
     EXPECT_EQ(anlage.XY(5, 5).XY_Element, Signal511);
     EXPECT_EQ(anlage.XY(4, 4).XY_Element, Leer);
+    setzen(5, 5, GeradeW);
+    editor.Cntrl_Z(); // undo after undo does nothing
+    EXPECT_EQ(anlage.XY(5, 5).XY_Element, GeradeW);
 }
 
-TEST_F(Part3_2, SelectionCornersInAnyOrder)
+TEST_F(Pulteditor, SelectionCornersInAnyOrder)
 {
     editor.Pult_Auswahl(5, 4, 3, 2);
     EXPECT_TRUE(editor.MarkAktiv);
@@ -106,9 +90,14 @@ TEST_F(Part3_2, SelectionCornersInAnyOrder)
     EXPECT_EQ(editor.MarkHoehe, 2);
     editor.Pult_Auswahl(7, 7, 7, 7);
     EXPECT_FALSE(editor.MarkAktiv);
+    // Copy without a selection does nothing.
+    editor.Cntrl_C_X(PultEditor::TasteC);
+    EXPECT_FALSE(editor.ClipVoll);
+    editor.Cntrl_V();
+    EXPECT_TRUE(meldungen.texte.isEmpty());
 }
 
-TEST_F(Part3_2, CopyAndPasteABlockWithItsAddressesAndModules)
+TEST_F(Pulteditor, CopyAndPasteABlockWithItsAddressesAndModules)
 {
     setzen(2, 2, GeradeW);
     setzen(3, 2, Weiche101);
@@ -138,7 +127,7 @@ TEST_F(Part3_2, CopyAndPasteABlockWithItsAddressesAndModules)
     EXPECT_EQ(anlage.XY(3, 2).XY_ADR1, 12) << "copy leaves the source";
 }
 
-TEST_F(Part3_2, CutDeletesTheSelection)
+TEST_F(Pulteditor, CutDeletesTheSelection)
 {
     setzen(2, 2, GeradeW);
     modul(3, 2, 33);
@@ -149,16 +138,7 @@ TEST_F(Part3_2, CutDeletesTheSelection)
     EXPECT_EQ(editor.XY_Clip(1, 0).XY_LNCV(0), 33);
 }
 
-TEST_F(Part3_2, CopyWithoutASelectionDoesNothing)
-{
-    setzen(2, 2, GeradeW);
-    editor.Cntrl_C_X(PultEditor::TasteC);
-    EXPECT_FALSE(editor.ClipVoll);
-    editor.Cntrl_V();
-    EXPECT_TRUE(meldungen.texte.isEmpty());
-}
-
-TEST_F(Part3_2, PastingAtTheLastColumnFailsWithTheMessage)
+TEST_F(Pulteditor, PastingAtTheLastColumnFailsWithTheMessage)
 {
     setzen(2, 2, GeradeW);
     setzen(3, 2, GeradeW);
@@ -178,7 +158,7 @@ TEST_F(Part3_2, PastingAtTheLastColumnFailsWithTheMessage)
     EXPECT_EQ(meldungen.texte.size(), 1);
 }
 
-TEST_F(Part3_2, ASelectionLargerThanTheClipboardFailsWithTheBoundsError)
+TEST_F(Pulteditor, ASelectionLargerThanTheClipboardFailsWithTheBoundsError)
 {
     anlage.DimensionenX = 99;
     editor.Pult_Auswahl(1, 1, 52, 1);
@@ -189,7 +169,7 @@ TEST_F(Part3_2, ASelectionLargerThanTheClipboardFailsWithTheBoundsError)
         QStringLiteral(" Fehler in : MainWin : Cntrl_C_X\n Fehlernummer: 9 -> ")));
 }
 
-TEST_F(Part3_2, PlacingOverAModuleCellOpensItsConfigurationInstead)
+TEST_F(Pulteditor, PlacingOverAModuleCellOpensItsConfigurationInstead)
 {
     modul(6, 6, 21);
     anlage.XY(6, 6).XY_BETR = 3;
@@ -203,7 +183,7 @@ TEST_F(Part3_2, PlacingOverAModuleCellOpensItsConfigurationInstead)
     EXPECT_EQ(anlage.XY(6, 6).XY_LNCV(0), 21);
 }
 
-TEST_F(Part3_2, ClickPlacesTheChosenElementAndTellsWhere)
+TEST_F(Pulteditor, ClickPlacesTheChosenElementAndTellsWhere)
 {
     QStringList info;
     QObject::connect(&editor, &PultEditor::infoText, [&](int feld, const QString& t) {
@@ -225,50 +205,27 @@ TEST_F(Part3_2, ClickPlacesTheChosenElementAndTellsWhere)
     EXPECT_FALSE(editor.EleDrehenMoeglich);
 }
 
-TEST_F(Part3_2, TheSelectionToolPlacesNothing)
+TEST_F(Pulteditor, RotationWalksTheFamilyInARing)
 {
-    editor.Elemente_Click(Auswahl);
-    EXPECT_TRUE(editor.MarkenMode);
-    EXPECT_EQ(editor.zeiger, PultZeiger::Pfeil);
-    editor.Pult_LinksKlick(3, 3);
-    EXPECT_EQ(anlage.XY(3, 3).XY_Element, Leer);
-}
-
-TEST_F(Part3_2, RotationWalksTheFamilyInARing)
-{
-    setzen(3, 3, GeradeW);
-    editor.ElementDrehen();
-    EXPECT_EQ(anlage.XY(3, 3).XY_Element, GeradeS);
-    editor.ElementDrehen();
-    EXPECT_EQ(anlage.XY(3, 3).XY_Element, Diagonale);
-    editor.ElementDrehen();
-    EXPECT_EQ(anlage.XY(3, 3).XY_Element, GeradeW);
-}
-
-TEST_F(Part3_2, RotationOfAFamilyWithoutMembersComesBackToTheHead)
-{
-    setzen(3, 3, Bogen);
-    editor.ElementDrehen();
-    EXPECT_EQ(anlage.XY(3, 3).XY_Element, Bogen);
-}
-
-TEST_F(Part3_2, ARotatedElementLosesItsAddresses)
-{
-    setzen(3, 3, Weiche101);
-    anlage.XY(3, 3).XY_ADR1 = 5;
-    editor.Pult_RechtsKlick(3, 3);
-    EXPECT_EQ(anlage.XY(3, 3).XY_Element, Weiche102);
-    EXPECT_EQ(anlage.XY(3, 3).XY_ADR1, 0);
-}
-
-TEST_F(Part3_2, RightClickOnAnEmptyCellRotatesNothing)
-{
-    editor.Pult_RechtsKlick(3, 3);
+    // Element before, element after one turn.
+    const std::pair<int, int> faelle[] = {
+        {GeradeW, GeradeS}, {GeradeS, Diagonale}, {Diagonale, GeradeW}, {Bogen, Bogen}, {Weiche101, Weiche102}};
+    for (auto [vorher, nachher] : faelle) {
+        SCOPED_TRACE(vorher);
+        setzen(3, 3, vorher);
+        anlage.XY(3, 3).XY_ADR1 = 5;
+        editor.Pult_RechtsKlick(3, 3);
+        EXPECT_EQ(anlage.XY(3, 3).XY_Element, nachher);
+        if (nachher != vorher) {
+            EXPECT_EQ(anlage.XY(3, 3).XY_ADR1, 0) << "a turned element loses its addresses";
+        }
+    }
+    editor.Pult_RechtsKlick(4, 4);
     EXPECT_FALSE(editor.EleDrehenMoeglich);
-    EXPECT_EQ(anlage.XY(3, 3).XY_Element, Leer);
+    EXPECT_EQ(anlage.XY(4, 4).XY_Element, Leer);
 }
 
-TEST_F(Part3_2, EraserDeletesTheSideFileButPasteKeepsIt)
+TEST_F(Pulteditor, EraserDeletesTheSideFileButPasteKeepsIt)
 {
     anlage.Pfad = ordner.path() + u'/';
     auto seitendatei = [&](int adresse) { return anlage.Pfad + QStringLiteral("47220_%1.lcv").arg(adresse); };
@@ -294,7 +251,7 @@ TEST_F(Part3_2, EraserDeletesTheSideFileButPasteKeepsIt)
     EXPECT_TRUE(berichte.texte.isEmpty());
 }
 
-TEST_F(Part3_2, DeletingTheMainCellOfAControllerHandsItOn)
+TEST_F(Pulteditor, DeletingTheMainCellOfAControllerHandsItOn)
 {
     for (int x : {2, 3, 4})
         setzen(x, 2, Uni840);
@@ -316,7 +273,7 @@ TEST_F(Part3_2, DeletingTheMainCellOfAControllerHandsItOn)
     EXPECT_EQ(anlage.XY(3, 2).XY_LNCV(300), 77);
 }
 
-TEST_F(Part3_2, DeletingAnEntryManagerRemovesItsStation)
+TEST_F(Pulteditor, DeletingAnEntryManagerRemovesItsStation)
 {
     modul(5, 5, 40);
     XY_Typ& z = anlage.XY(5, 5);

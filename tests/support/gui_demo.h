@@ -3,6 +3,7 @@
 // started on a copy of the demo project, "Simulation (ohne Hardware)" as its
 // link, the link and the simulated layout in virtual time.
 
+#include "core/element_katalog.h"
 #include "core/fehlerbehandlung.h"
 #include "core/programmordner.h"
 #include "core/ui/main.h"
@@ -14,7 +15,10 @@
 
 #include <QDialog>
 #include <QDir>
+#include <QPoint>
 #include <QTemporaryDir>
+
+#include <functional>
 
 #include <memory>
 
@@ -89,5 +93,16 @@ public:
 private:
     bool bestueckt_ = false;
 };
+
+// The first cell, column by column, that `passt(cell, type code)` accepts;
+// (0, 0) when there is none.
+inline QPoint ersteZelle(const Programm& p, const std::function<bool(const XY_Typ&, int)>& passt)
+{
+    for (int x = 1; x <= p.anlage.DimensionenX; ++x)
+        for (int y = 1; y <= p.anlage.DimensionenY; ++y)
+            if (passt(p.anlage.XY(x, y), p.katalog.ElementTab(p.anlage.XY(x, y).XY_Element).Typ))
+                return {x, y};
+    return {};
+}
 
 }  // namespace planor::test
