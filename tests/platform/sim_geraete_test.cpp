@@ -2,6 +2,7 @@
 // train reports, the state file, and the simulator as the program's transport.
 #include "core/panel_model.h"
 #include "loconet/link.h"
+#include "loconet/lncv_austausch.h"
 #include "loconet/nachricht.h"
 #include "platform/sim_geraete.h"
 #include "platform/sim_transport.h"
@@ -19,20 +20,18 @@ using SimGeraeteTest = SimTest;
 
 TEST_F(SimGeraeteTest, AccessoriesAndFeedbackInputs)
 {
-    const struct {
-        int adresse, stellung;  // -1: never switched
-        const char* antwort;
-    } faelle[] = {{5, 0, "B4 3C 50 27"}, {5, 1, "B4 3C 30 47"}, {300, -1, "B4 3C 30 47"}};
-    for (const auto& f : faelle) {
-        SCOPED_TRACE(f.adresse);
-        if (f.stellung >= 0) {
-            schreiben(mitPruefsumme(SendMag_Nachricht(f.adresse, f.stellung, true)));
-            schreiben(mitPruefsumme(SendMag_Nachricht(f.adresse, f.stellung, false)));
-            EXPECT_EQ(sim.geraete().weiche(f.adresse), f.stellung);
+    // Address, position switched to (-1: never), answer to the state query.
+    const std::tuple<int, int, const char*> faelle[] = {{5, 0, "B4 3C 50 27"}, {5, 1, "B4 3C 30 47"}, {300, -1, "B4 3C 30 47"}};
+    for (const auto& [adresse, stellung, antwort] : faelle) {
+        SCOPED_TRACE(adresse);
+        if (stellung >= 0) {
+            schreiben(mitPruefsumme(SendMag_Nachricht(adresse, stellung, true)));
+            schreiben(mitPruefsumme(SendMag_Nachricht(adresse, stellung, false)));
+            EXPECT_EQ(sim.geraete().weiche(adresse), stellung);
         }
         const std::size_t vorher = angekommen.size();
-        schreiben(mitPruefsumme(Read_Mag_Nachricht(f.adresse)));
-        EXPECT_EQ(nachrichten(vorher), (Liste{h(mitPruefsumme(Read_Mag_Nachricht(f.adresse))), f.antwort}));
+        schreiben(mitPruefsumme(Read_Mag_Nachricht(adresse)));
+        EXPECT_EQ(nachrichten(vorher), (Liste{h(mitPruefsumme(Read_Mag_Nachricht(adresse))), antwort}));
     }
     schreiben(mitPruefsumme(SendMag_Nachricht(2048, 0, true)));
     EXPECT_EQ(sim.geraete().weiche(2048), 0);
@@ -127,8 +126,7 @@ TEST_F(SimGeraeteTest, TheStateFileFollowsTheBusAndIsSavedWhenTheDevicesGo)
         s.geraete().setzeWeiche(3, 0);
     }
     QFile f(ende);
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(f.readAll().contains("weiche 3 0\r\n"));
+    EXPECT_TRUE(f.open(QIODevice::ReadOnly) && f.readAll().contains("weiche 3 0\r\n"));
 }
 
 TEST(SimModuleAusAnlage, OneModulePerConfiguredCell)
@@ -155,17 +153,15 @@ TEST(SimModuleAusAnlage, OneModulePerConfiguredCell)
 
 TEST_F(SimGeraeteTest, TheProgramTalksToTheSimulatorThroughItsLink)
 {
-    sim.bus().zeiten = {};
+    sim.bus().zeiten = {};  // wire and reaction times as shipped
     sim.modulHinzufuegen({47220, 12});
     LocoNetLink link(uhr);
     link.setzeTransport(sim.transport());
     EXPECT_FALSE(link.istOffen());
     QString fehler;
     ASSERT_TRUE(link.transport()->oeffnen(fehler));
-    ASSERT_TRUE(link.istOffen());
-    EXPECT_TRUE(link.transport()->cts());
-
-    Long err = -1;
+    ASSERT_TRUE(link.istOffen() && link.transport()->cts());
+    Long err = -1, wert = 0;
     link.empfang().tabelleLoeschen();
     link.send(Prog_On_Nachricht(4722, 12), err);
     ASSERT_EQ(err, 0);
@@ -175,10 +171,18 @@ TEST_F(SimGeraeteTest, TheProgramTalksToTheSimulatorThroughItsLink)
     EXPECT_NEAR(uhr.sekunden() - t0, 0.028, 1e-6);
     EXPECT_TRUE(link.empfang().da(ZeileImmPacket, 0xED)) << "our own request came back";
     EXPECT_EQ(link.empfang().wert(ZeilePeerXfer, 11), 12);
+    // Lost answers are ridden out by the exchange's retries.
+    sim.bus().stoerung.einstellungen.nurGeraete = true;
+    sim.bus().stoerung.einstellungen.naechsteVerwerfen = 2;
+    const double t1 = uhr.sekunden();
+    Prog_Lncv(link, 4722, 2, -1, err);
+    Read_Lncv(link, 4722, 2, wert, err);
+    EXPECT_EQ(std::make_pair(err, wert), std::make_pair(Long(ProgOK), Long(65535)));
+    EXPECT_GT(uhr.sekunden() - t1, 0.4) << "two tries of 0.2 s lost";
+    EXPECT_EQ(sim.bus().stoerung.verworfen, 2);
     link.schliessen();
-    EXPECT_FALSE(link.istOffen());
     link.send(Read_Lncv_Nachricht(4722, 16), err);
-    EXPECT_EQ(err, 1);
+    EXPECT_EQ(std::make_pair(link.istOffen(), err), std::make_pair(false, Long(1)));
 }
 
 TEST_F(SimGeraeteTest, OutlivingTheSimulatorOrTheBusIsHarmless)

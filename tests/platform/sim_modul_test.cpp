@@ -1,10 +1,6 @@
-// What a simulated LNCV module answers, byte by byte, and the program's
-// exchanges against it over its link, in virtual time.
-#include "loconet/link.h"
-#include "loconet/lncv_austausch.h"
+// What a simulated LNCV module answers, byte by byte, in virtual time.
 #include "loconet/nachricht.h"
 #include "platform/sim_modul.h"
-#include "platform/sim_transport.h"
 #include "tests/support/sim.h"
 
 #include <functional>
@@ -106,27 +102,4 @@ TEST(SimModul, RequestParsingUndoesThePxctCoding)
     kaputt[14] = char(kaputt.at(14) ^ 1);
     EXPECT_FALSE(LncvAnfrageLesen(kaputt).has_value());
     EXPECT_FALSE(LncvAnfrageLesen(LncvAntwort(4722, 0, 12)).has_value());
-}
-
-// The program's link over the simulator's transport, with the wire and
-// reaction times as shipped: lost answers are ridden out by the retries.
-TEST(SimAustausch, RetriesRideOutLostAnswers)
-{
-    SimUmgebung u;
-    u.sim.modulHinzufuegen({47220, 12});
-    LocoNetLink link{u.uhr};
-    link.setzeTransport(u.sim.transport());
-    QString fehler;
-    ASSERT_TRUE(link.transport()->oeffnen(fehler));
-    u.sim.bus().zeiten = {true, 0.010};
-    u.sim.bus().stoerung.einstellungen.nurGeraete = true;
-    u.sim.bus().stoerung.einstellungen.naechsteVerwerfen = 2;
-    Long err = -1, wert = 0;
-    Prog_On(link, 4722, 12, err);
-    ASSERT_EQ(err, ProgOK);
-    EXPECT_GT(u.uhr.sekunden(), 0.4) << "two tries of 0.2 s lost";
-    EXPECT_EQ(u.sim.bus().stoerung.verworfen, 2);
-    Prog_Lncv(link, 4722, 2, -1, err);
-    Read_Lncv(link, 4722, 2, wert, err);
-    EXPECT_EQ(std::make_pair(err, wert), std::make_pair(Long(ProgOK), Long(65535)));
 }
