@@ -86,6 +86,12 @@ public:
         return t;
     }
     long baud() const { return ptyAusgangsBaud(slave); }
+    // Until what the device sent can be read on the program's side, at most `ms`.
+    bool eingangDa(int ms = 2000) const
+    {
+        pollfd p{slave, POLLIN, 0};
+        return ::poll(&p, 1, ms) == 1;
+    }
 
     int master = -1;
     int slave = -1;

@@ -22,9 +22,8 @@ struct Ankunft {
     QByteArray bytes;
 };
 
-class SimTest : public ::testing::Test {
-protected:
-    SimTest()
+struct SimUmgebung {
+    SimUmgebung()
     {
         sim.bus().zeiten = {false, 0.0};
         teilnehmer = sim.bus().anschliessen([this](const QByteArray& b) { angekommen.push_back({uhr.sekunden(), b}); });
@@ -51,5 +50,7 @@ protected:
     int teilnehmer = 0;
     std::vector<Ankunft> angekommen;
 };
+
+class SimTest : public ::testing::Test, public SimUmgebung {};
 
 }  // namespace planor::test

@@ -5,53 +5,29 @@
 #include <QByteArray>
 #include <QFile>
 #include <QString>
-
-#include <cstdint>
+#include <QtEndian>
 
 namespace planor::test {
 
 struct BmpBild {
     bool gueltig = false;
-    int breite = 0;
-    int hoehe = 0;
-    int bitsProPixel = 0;
-    QByteArray daten;
-
-    // Colour of the pixel (x, y), y counted from the top, as 0xRRGGBB.
-    std::uint32_t pixel(int x, int y) const
-    {
-        const int zeilenLaenge = (breite * 3 + 3) / 4 * 4;
-        const int zeile = hoehe - 1 - y;  // rows are stored bottom-up
-        const auto* p = reinterpret_cast<const unsigned char*>(daten.constData()) + zeile * zeilenLaenge + x * 3;
-        return (std::uint32_t(p[2]) << 16) | (std::uint32_t(p[1]) << 8) | p[0];
-    }
+    int breite = 0, hoehe = 0;
+    QByteArray daten;  // the pixel rows, bottom-up, each padded to 4 bytes
 };
-
-inline std::uint32_t le32(const QByteArray& b, int at)
-{
-    const auto* p = reinterpret_cast<const unsigned char*>(b.constData()) + at;
-    return std::uint32_t(p[0]) | (std::uint32_t(p[1]) << 8) | (std::uint32_t(p[2]) << 16) | (std::uint32_t(p[3]) << 24);
-}
 
 inline BmpBild bmpLesen(const QString& pfad)
 {
-    BmpBild bild;
     QFile f(pfad);
-    if (!f.open(QIODevice::ReadOnly))
-        return bild;
-    const QByteArray b = f.readAll();
+    const QByteArray b = f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     if (b.size() < 54 || !b.startsWith("BM"))
+        return {};
+    const auto le32 = [&](int at) { return qFromLittleEndian<qint32>(b.constData() + at); };
+    BmpBild bild{false, le32(18), le32(22), {}};
+    const int zeile = (bild.breite * 3 + 3) / 4 * 4;
+    const bool bits24 = qFromLittleEndian<quint16>(b.constData() + 28) == 24 && le32(30) == 0;
+    if (!bits24 || bild.breite <= 0 || bild.hoehe <= 0 || b.size() < le32(10) + zeile * bild.hoehe)
         return bild;
-    const auto start = static_cast<int>(le32(b, 10));
-    bild.breite = static_cast<int>(le32(b, 18));
-    bild.hoehe = static_cast<int>(le32(b, 22));
-    bild.bitsProPixel = static_cast<unsigned char>(b[28]) | (static_cast<unsigned char>(b[29]) << 8);
-    const std::uint32_t kompression = le32(b, 30);
-    const int zeilenLaenge = (bild.breite * 3 + 3) / 4 * 4;
-    if (bild.bitsProPixel != 24 || kompression != 0 || bild.breite <= 0 || bild.hoehe <= 0
-        || b.size() < start + zeilenLaenge * bild.hoehe)
-        return bild;
-    bild.daten = b.mid(start, zeilenLaenge * bild.hoehe);
+    bild.daten = b.mid(le32(10), zeile * bild.hoehe);
     bild.gueltig = true;
     return bild;
 }
