@@ -86,40 +86,6 @@ TEST(MonitorBefehl, WritesTheTraceFileByTheEnd)
             << zeilen[i].toStdString();
 }
 
-TEST(MonitorBefehl, FailuresBeforeTheStartEndWithStatus1)
-{
-    const Lauf ohneGeraet = planorCli(QStringLiteral("monitor"), argumente("--port serial:/dev/planor-fehlt?kind=usb"));
-    EXPECT_EQ(ohneGeraet.status, 1);
-    EXPECT_EQ(ohneGeraet.fehler,
-              QStringLiteral("ComPort öffnen: Die Schnittstelle /dev/planor-fehlt ist nicht vorhanden.\n"
-                             "Bitte prüfen Sie, ob das Interface angeschlossen ist, und wählen Sie unter "
-                             "\u201EComPort Einstellungen\u201C den richtigen Anschluss.\n"));
-    EXPECT_TRUE(ohneGeraet.aus.isEmpty());
-    const Lauf ohneDatei = planorCli(QStringLiteral("monitor"), argumente("--port sim --trace /proc/planor/verlauf.txt"));
-    EXPECT_EQ(ohneDatei.status, 1);
-    EXPECT_TRUE(ohneDatei.fehler.startsWith(
-        QStringLiteral("Die Datei \"/proc/planor/verlauf.txt\" kann nicht geschrieben werden: ")))
-        << ohneDatei.fehler.toStdString();
-}
-
-// The first lines come from what the terminal piled up before the monitor
-// opened it (the simulator drops a pile that grows too big), so the round's
-// order is checked from line 60 on.
-TEST(MonitorBefehl, ShowsTheSimulatorsFloodOneLinePerMessage)
-{
-    Prozess sim(QStringLiteral("sim"), argumente("--pty --flood"));
-    Prozess m = monitor({QStringLiteral("--port"), seriell(sim.zeile(QStringLiteral("PTY ")))});
-    ASSERT_TRUE(laeuft(m));
-    const QStringList z = m.zeilen(120);
-    ASSERT_EQ(z.size(), 120);
-    for (const QString& zeile : z)
-        EXPECT_TRUE(Runde.contains(zeile)) << zeile.toStdString();
-    for (qsizetype i = 60; i + 1 < z.size(); ++i)
-        EXPECT_EQ(z[i + 1], Runde[(Runde.indexOf(z[i]) + 1) % Runde.size()]) << i;
-    EXPECT_EQ(m.ende(SIGINT), 0);
-    EXPECT_EQ(sim.ende(SIGTERM), 0);
-}
-
 // A flood without wire time outruns the reader: messages are lost whole in
 // the simulator's terminal, never the link, and no line is broken.
 TEST(MonitorBefehl, ASlowReaderLosesMessagesNotTheLink)

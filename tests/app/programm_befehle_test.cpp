@@ -14,17 +14,14 @@ using namespace planor::test;
 namespace {
 
 using Werte = std::map<int, long>;
-using Module = std::map<std::pair<long, long>, Werte>; // (article, address) → values
+using Module = std::map<std::pair<long, long>, Werte>;  // (article, address) → values
 
 // The values of a state file ("modul A ADR", "lncv I V"); missing values are 0.
-Module zustandLesen(const QString& datei)
+Module zustandLesen(const QString& pfad)
 {
     Module m;
-    QFile f(datei);
-    if (!f.open(QIODevice::ReadOnly))
-        return m;
     Werte* aktuell = nullptr;
-    for (const QByteArray& roh : f.readAll().split('\n')) {
+    for (const QByteArray& roh : datei(pfad).split('\n')) {
         const QList<QByteArray> t = roh.trimmed().split(' ');
         if (t.size() == 3 && t[0] == "modul")
             aktuell = &m[{t[1].toLong(), t[2].toLong()}];
@@ -34,53 +31,31 @@ Module zustandLesen(const QString& datei)
     return m;
 }
 
-// The values of a side file "ART_ADR.lcv" of the project folder.
-Werte lcvLesen(const QString& datei)
-{
-    Werte w;
-    QFile f(datei);
-    if (!f.open(QIODevice::ReadOnly))
-        return w;
-    static const QRegularExpression wert(QStringLiteral("(\\d+)=\\s*(-?\\d+)"));
-    const QString text = QString::fromLatin1(f.readAll());
-    for (auto it = wert.globalMatch(text); it.hasNext();) {
-        const auto m = it.next();
-        w[m.captured(1).toInt()] = m.captured(2).toLong();
-    }
-    return w;
-}
-
-int letzte(long artikel)
-{
-    return artikel == 47320 || artikel == 47330 ? 459 : artikel == 47220 ? 119 : 127;
-}
-
-// Differences between a project's side files and a state file's modules.
+// Differences between a project's side files ("ART_ADR.lcv") and a state file's modules,
+// over each article's own range of LNCVs; the firmware number 16 is the module's but on 47320.
 QStringList unterschiede(const QString& ordner, const Module& module)
 {
+    static const QRegularExpression wert(QStringLiteral("(\\d+)=\\s*(-?\\d+)"));
     QStringList d;
-    const QStringList dateien = QDir(ordner).entryList({QStringLiteral("*.lcv")});
-    if (dateien.isEmpty())
-        d << QStringLiteral("no .lcv in ") + ordner;
-    for (const QString& name : dateien) {
+    for (const QString& name : QDir(ordner).entryList({QStringLiteral("*.lcv")})) {
         const long artikel = name.section(u'_', 0, 0).toLong();
-        const Werte p = lcvLesen(ordner + u'/' + name);
-        const long adresse = p.count(0) ? p.at(0) : -1;
-        const auto it = module.find({artikel, adresse});
+        Werte p;
+        for (auto it = wert.globalMatch(QString::fromLatin1(datei(ordner + u'/' + name))); it.hasNext();) {
+            const auto m = it.next();
+            p[m.captured(1).toInt()] = m.captured(2).toLong();
+        }
+        const auto it = module.find({artikel, p[0]});
         if (it == module.end()) {
-            d << QStringLiteral("no module %1:%2").arg(artikel).arg(adresse);
+            d << QStringLiteral("no module for ") + name;
             continue;
         }
-        for (int i = 2; i <= letzte(artikel); ++i) {
-            if (i == 16 && artikel != 47320)
-                continue;
-            const long soll = (p.count(i) ? p.at(i) : 0) & 0xFFFF;
-            const long ist = it->second.count(i) ? it->second.at(i) : 0;
-            if (soll != ist)
-                d << QStringLiteral("%1 LNCV %2: project %3, module %4").arg(name).arg(i).arg(soll).arg(ist);
-        }
+        Werte ist = it->second;
+        const int letzte = artikel == 47320 || artikel == 47330 ? 459 : artikel == 47220 ? 119 : 127;
+        for (int i = 2; i <= letzte; ++i)
+            if ((i != 16 || artikel == 47320) && (p[i] & 0xFFFF) != ist[i])
+                d << QStringLiteral("%1 LNCV %2: project %3, module %4").arg(name).arg(i).arg(p[i]).arg(ist[i]);
     }
-    return d;
+    return d.isEmpty() && module.empty() ? QStringList{QStringLiteral("no modules")} : d;
 }
 
 constexpr int ProgGrenze = 120000;  // ms for a whole bulk run
@@ -124,10 +99,7 @@ TEST_F(ProgrammBefehle, ProgramTheDemoThenAgainWithoutWritesThenReadBack)
     }
     EXPECT_EQ(unterschiede(demoOrdner, zustandLesen(zustand)), QStringList());
 
-    QFile f(zustand);
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    const QByteArray vorher = f.readAll();
-    f.close();
+    const QByteArray vorher = datei(zustand);
     {
         auto sim = starten({QStringLiteral("--monitor")});
         // The monitor's lines are read while the command runs, so that the
@@ -147,26 +119,18 @@ TEST_F(ProgrammBefehle, ProgramTheDemoThenAgainWithoutWritesThenReadBack)
         EXPECT_TRUE(monitor.contains(QStringLiteral("BUS ED 0F 08 05 00 21"))) << "the second run reads";
         EXPECT_FALSE(monitor.contains(QStringLiteral("BUS ED 0F 08 05 00 20"))) << "and writes nothing";
     }
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    EXPECT_EQ(f.readAll(), vorher);
-    f.close();
+    EXPECT_EQ(datei(zustand), vorher);
 
     // Read back into a copy whose values are gone: --save brings the modules' values home.
     const QString kopieOrdner = ordner.filePath(QStringLiteral("kopie"));
     const QString projekt = projektKopie(QStringLiteral(PLANOR_DEMO), kopieOrdner);
     for (const QString& n : QDir(kopieOrdner).entryList({QStringLiteral("*.lcv")})) {
-        QFile lcv(kopieOrdner + u'/' + n);
-        ASSERT_TRUE(lcv.open(QIODevice::ReadOnly));
-        QString text = QString::fromLatin1(lcv.readAll());
-        lcv.close();
         // LNCV 2 (the mode) and 15 of every module set to values no module holds.
-        text.replace(QRegularExpression(QStringLiteral("(^|[^0-9])2=\\s*-?\\d+")),
-            QStringLiteral("\\1"
-                           "2=  7777"));
-        text.replace(QRegularExpression(QStringLiteral("(^|[^0-9])15=\\s*-?\\d+")),
-            QStringLiteral("\\1"
-                           "15=  8888"));
+        QString text = QString::fromLatin1(datei(kopieOrdner + u'/' + n));
+        text.replace(QRegularExpression(QStringLiteral("(^|[^0-9])2=\\s*-?\\d+")), QStringLiteral("\\1" "2=  7777"));
+        text.replace(QRegularExpression(QStringLiteral("(^|[^0-9])15=\\s*-?\\d+")), QStringLiteral("\\1" "15=  8888"));
         ASSERT_TRUE(text.contains(QStringLiteral("2=  7777")));
+        QFile lcv(kopieOrdner + u'/' + n);
         ASSERT_TRUE(lcv.open(QIODevice::WriteOnly | QIODevice::Truncate));
         lcv.write(text.toLatin1());
     }
@@ -186,18 +150,12 @@ TEST_F(ProgrammBefehle, OneModuleByCell)
     // The demo's first receiver sits at (6, 2) (47220_1.lcv).
     const Lauf l = befehl("program", QStringLiteral(PLANOR_DEMO), {QStringLiteral("--cell"), QStringLiteral("6,2")});
     EXPECT_EQ(l.status, 0) << l.fehler.toStdString();
-    EXPECT_TRUE(l.aus.startsWith(QStringLiteral("Modul bitte mit der Maus auswählen\n"))) << l.aus.toStdString();
+    EXPECT_EQ(l.aus.count(QStringLiteral("wird programmiert \n")), 1) << l.aus.toStdString();
     EXPECT_TRUE(l.aus.contains(QStringLiteral("Modul in Spalte 6 Zeile 2 wird programmiert \n")));
-    EXPECT_EQ(l.aus.count(QStringLiteral("wird programmiert \n")), 1);
-    EXPECT_TRUE(l.aus.endsWith(QStringLiteral("Programmierung beendet !!!\n")));
     EXPECT_EQ(sim->ende(SIGTERM), 0);
-    const Module m = zustandLesen(zustand);
-    const auto it = m.find({47220, 1});
-    ASSERT_NE(it, m.end());
-    EXPECT_EQ(it->second.count(2) ? it->second.at(2) : 0, 23) << "LNCV 2 of 47220_1.lcv";
-    const auto anderes = m.find({47220, 2});
-    ASSERT_NE(anderes, m.end());
-    EXPECT_EQ(anderes->second.count(2), 0u) << "the other modules stay at factory values";
+    Module m = zustandLesen(zustand);
+    EXPECT_EQ((m[{47220, 1}][2]), 23) << "LNCV 2 of 47220_1.lcv";
+    EXPECT_EQ((m[{47220, 2}][2]), 0) << "the other modules stay at factory values";
 
     const Lauf leer = befehl("program", QStringLiteral(PLANOR_DEMO), {QStringLiteral("--cell"), QStringLiteral("1,1")});
     EXPECT_EQ(leer.status, 1);

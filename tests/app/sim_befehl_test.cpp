@@ -3,7 +3,6 @@
 #include "tests/support/cli.h"
 
 #include <QSerialPort>
-#include <QTemporaryDir>
 
 using namespace planor::test;
 
@@ -60,43 +59,6 @@ TEST(SimBefehl, TcpSendIsAnsweredWithSentOkTheEchoAndTheModulesAnswer)
     EXPECT_EQ(zeileLesen(*s), "SENT ERROR die Laenge passt nicht zum Opcode\r\n");
     EXPECT_EQ(zeileLesen(*s), "SENT ERROR keine Hex-Bytes\r\n");
     EXPECT_EQ(sim.ende(SIGTERM), 0);
-}
-
-TEST(SimBefehl, TwoTcpClientsSeeEachOthersMessages)
-{
-    Prozess sim(QStringLiteral("sim"), argumente("--tcp 0 --wire-time off"));
-    const QString tcp = sim.zeile(QStringLiteral("TCP "));
-    auto a = verbinden(tcp), b = verbinden(tcp);
-    a->write("SEND B0 00 10 5F\n");
-    EXPECT_EQ(zeileLesen(*a), "SENT OK\r\n");
-    EXPECT_EQ(zeileLesen(*b), "RECEIVE B0 00 10 5F\r\n");
-    // The command station answers the state of accessory 1: red now.
-    b->write("SEND BC 00 00 43\n");
-    EXPECT_EQ(zeileLesen(*b), "SENT OK\r\n");
-    EXPECT_EQ(zeileLesen(*b), "RECEIVE BC 00 00 43\r\n");
-    EXPECT_EQ(zeileLesen(*b), "RECEIVE B4 3C 50 27\r\n");
-}
-
-TEST(SimBefehl, LayoutModulesAndTheStateFileSavedAtTheEnd)
-{
-    QTemporaryDir ordner;
-    const QString zustand = ordner.filePath(QStringLiteral("sim.zustand"));
-    Prozess sim(QStringLiteral("sim"),
-                argumente("--tcp 0 --wire-time off --reaction-ms 0 --layout " PLANOR_DEMO " --state") << zustand);
-    auto s = verbinden(sim.zeile(QStringLiteral("TCP ")));
-    // Session with the demo's 47220 at address 1, then LNCV 5 := 77.
-    s->write("SEND ED 0F 08 05 00 21 40 72 12 00 00 01 00 00 10\r\n");
-    EXPECT_EQ(zeileLesen(*s), "SENT OK\r\n");
-    zeileLesen(*s);
-    EXPECT_EQ(zeileLesen(*s), "RECEIVE E5 0F 05 49 4B 1F 00 72 12 00 00 01 00 00 6C\r\n");
-    s->write("SEND ED 0F 08 05 00 20 00 72 12 05 00 4D 00 00 18\r\n");
-    EXPECT_EQ(zeileLesen(*s), "SENT OK\r\n");
-    zeileLesen(*s);
-    EXPECT_EQ(zeileLesen(*s), "RECEIVE B4 6D 7F 59\r\n");
-    EXPECT_EQ(sim.ende(SIGTERM), 0);
-    const QByteArray text = datei(zustand);
-    EXPECT_TRUE(text.contains("modul 47220 1\r\nlncv 0 1\r\nlncv 5 77\r\nlncv 16 100\r\n")) << text.toStdString();
-    EXPECT_TRUE(text.contains("modul 47320 100\r\n"));
 }
 
 // The dropped answer never comes: the next message's echo follows the session start's directly.
