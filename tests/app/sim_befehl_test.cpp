@@ -6,24 +6,6 @@
 
 using namespace planor::test;
 
-TEST(SimBefehl, PtyAnswersASessionStart)
-{
-    Prozess sim(QStringLiteral("sim"), argumente("--pty --module 47220:12"));
-    const QString pfad = sim.zeile(QStringLiteral("PTY "));
-    ASSERT_TRUE(pfad.startsWith(QStringLiteral("/dev/")));
-    QSerialPort port(pfad);
-    port.setBaudRate(19200);
-    port.setStopBits(QSerialPort::TwoStop);
-    ASSERT_TRUE(port.open(QIODevice::ReadWrite)) << port.errorString().toStdString();
-    port.write(hex(SitzungStart));
-    ASSERT_TRUE(port.waitForBytesWritten(Grenze));
-    const QByteArray bytes = lesen(port, 30);
-    EXPECT_EQ(h(bytes.left(15)), SitzungStart) << "the echo";
-    EXPECT_EQ(h(bytes.mid(15)), Antwort);
-    port.close();
-    EXPECT_EQ(sim.ende(SIGTERM), 0);
-}
-
 // The interface is switched at 2400 bit/s, then the port is closed and opened again at 19200.
 TEST(SimBefehl, PtyAnswersTheCommandStationHandshake)
 {
