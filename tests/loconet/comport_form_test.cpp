@@ -38,15 +38,13 @@ struct Umgebung {
 
 TEST(ComPortForm, TheChoiceFollowsTheSettingsBothWays)
 {
+    using V = Verbindungsart;
     const struct {
         bool lni, usb;
         Verbindungsart art;
         int intOpt;
-    } faelle[] = {
-        {false, false, Verbindungsart::Seriell, 0},  {true, false, Verbindungsart::Seriell, 1},
-        {true, true, Verbindungsart::Seriell, 2},    {false, false, Verbindungsart::LbServer, 3},
-        {false, false, Verbindungsart::Simulation, 4},
-    };
+    } faelle[] = {{false, false, V::Seriell, 0}, {true, false, V::Seriell, 1}, {true, true, V::Seriell, 2},
+                  {false, false, V::LbServer, 3}, {false, false, V::Simulation, 4}};
     for (const auto& f : faelle) {
         SCOPED_TRACE(f.intOpt);
         Einstellungen e;
@@ -56,8 +54,8 @@ TEST(ComPortForm, TheChoiceFollowsTheSettingsBothWays)
         EXPECT_EQ(e.LocoNetInterface, f.lni);
         EXPECT_EQ(e.USBInterface, f.usb);
         EXPECT_EQ(e.Verbindung, f.art);
-        EXPECT_EQ(gezeigt(e).IntOpt, f.intOpt);
         ComPort_Form form = gezeigt(e);
+        EXPECT_EQ(form.IntOpt, f.intOpt);
         IntOpt_Click(form, f.intOpt);
         EXPECT_EQ(form.USB_But_Visible, f.intOpt == 2);
         EXPECT_EQ(form.SerielleFelder, f.intOpt <= 2);
@@ -131,7 +129,6 @@ TEST(ComPortForm, OkClosesAnOpenLinkTakesTheValuesAndSaves)
 
 TEST(ComPortForm, UsbSearch)
 {
-    const QString achtung = QStringLiteral("Achtung|Es ");
     const struct {
         QList<PortEintrag> ports;
         const char* geraet;
@@ -140,9 +137,9 @@ TEST(ComPortForm, UsbSearch)
     } faelle[] = {
         {{port("/dev/ttyS0", 0, 0), port("/dev/ttyUSB0"), port("/dev/ttyUSB1", 0x0403, 0x6001)}, "/dev/ttyUSB0", "5", {}},
         {{port("COM12")}, "", "12", {}},
-        {{port("/dev/ttyS0", 0, 0)}, "/dev/ttyUSB3", "5", achtung + QStringLiteral("wurde kein Morvik-USB-Interface gefunden!")},
+        {{port("/dev/ttyS0", 0, 0)}, "/dev/ttyUSB3", "5", QStringLiteral("Achtung|Es wurde kein Morvik-USB-Interface gefunden!")},
         {{port("/dev/ttyUSB0"), port("/dev/ttyUSB1")}, "/dev/ttyUSB3", "5",
-         achtung + QStringLiteral("gibt mehrere mögliche ComPorts mit einem Morvik-USB-Interface!\n\n"
+         QStringLiteral("Achtung|Es gibt mehrere mögliche ComPorts mit einem Morvik-USB-Interface!\n\n"
                                   "Liste der möglichen ComPortNr.: /dev/ttyUSB0, /dev/ttyUSB1")},
     };
     for (const auto& f : faelle) {

@@ -3,6 +3,7 @@
 
 #include "loconet/nachricht.h"
 #include "tests/support/bus.h"
+#include "tests/support/daten.h"
 
 #include <gtest/gtest.h>
 
@@ -37,29 +38,27 @@ TEST_F(Link, SendAddsTheChecksumSendStrDoesNot)
     EXPECT_EQ(transport->gesendet, mitPruefsumme(SendMag_Nachricht(1, 0, true)) + "xB19200\r");
 }
 
-TEST_F(Link, CommandStationWithCtsLowOver5sSendsNoChecksum)
+TEST_F(Link, ACommandStationHoldingCtsLowFor5sCutsTheMessage)
 {
+    const struct {
+        double ctsNiedrigAb, ctsHochAb;  // write number, virtual time
+        Long err;
+        const char* gesendet;
+        double sekunden;
+    } faelle[] = {{2, 99, 1, "B0 00", 5.0}, {0, 2.0, 0, "B0 00 10 5F", 2.0}};
     link.ctsBeachten = true;
-    int geschrieben = 0;
-    transport->antwort = [&](const QByteArray&) {
-        if (++geschrieben == 2)
-            transport->ctsHoch = false;
-    };
-    link.send(QByteArray("\xB0\x00\x10", 3), err);
-    EXPECT_EQ(err, 1);
-    EXPECT_EQ(transport->gesendet, QByteArray("\xB0\x00", 2)) << "cut off, no checksum";
-    EXPECT_GE(uhr.sekunden(), 5.0);
-    EXPECT_LT(uhr.sekunden(), 5.1);
-}
-
-TEST_F(Link, CtsComingBackInTimeLetsTheMessageThrough)
-{
-    link.ctsBeachten = true;
-    transport->ctsHoch = false;
-    uhr.nach(2.0, [&] { transport->ctsHoch = true; });
-    link.send(QByteArray("\xB0\x00\x10", 3), err);
-    EXPECT_EQ(err, 0);
-    EXPECT_EQ(transport->gesendet.size(), 4);
+    for (const auto& f : faelle) {
+        const double t0 = uhr.sekunden();
+        transport->gesendet.clear();
+        transport->ctsHoch = f.ctsNiedrigAb > 0;
+        transport->antwort = [&, n = 0](const QByteArray&) mutable { transport->ctsHoch &= ++n != f.ctsNiedrigAb; };
+        uhr.nach(f.ctsHochAb, [&] { transport->ctsHoch = true; });
+        link.send(hex("B0 00 10"), err);
+        EXPECT_EQ(err, f.err);
+        EXPECT_EQ(h(transport->gesendet), f.gesendet) << "cut off without a checksum";
+        EXPECT_GE(uhr.sekunden() - t0, f.sekunden);
+        EXPECT_LT(uhr.sekunden() - t0, f.sekunden + 0.1);
+    }
 }
 
 TEST_F(Link, ReceivedBytesReachTheReceptionTable)

@@ -34,10 +34,9 @@ public:
         bus_.antwort = [this](const QByteArray& b) { empfangen(b); };
     }
 
-    Long artikel;
-    Long adresse;
+    Long artikel, adresse;
     std::map<Long, Long> werte;  // LNCVs not in here go unanswered
-    double verzoegerung = 0.05;
+    static constexpr double verzoegerung = 0.05;
     int schweigen = 0;            // the first n requests go unanswered
     quint8 status = 0x7F;         // of a write's OPC_LONG_ACK; anything else refuses
     bool sitzung = false;
@@ -79,8 +78,7 @@ private:
     // of bytes 7..13 moved into PXCT1.
     void antworten(Long lncv, Long wert)
     {
-        const Long m[7] = {artikel & 0xFF, artikel >> 8 & 0xFF, lncv & 0xFF, lncv >> 8 & 0xFF,
-                           wert & 0xFF,    wert >> 8 & 0xFF,    0};
+        const Long m[7] = {artikel & 0xFF, artikel >> 8, lncv & 0xFF, lncv >> 8, wert & 0xFF, wert >> 8 & 0xFF, 0};
         QByteArray antwort("\xE5\x0F\x05\x49\x4B\x1F\x00", 7);
         for (int k = 0; k < 7; ++k) {
             antwort[6] = char(antwort[6] | ((m[k] & 0x80) ? 1 << k : 0));
