@@ -73,6 +73,7 @@ protected:
 
 TEST_F(LncvAustausch, EachProcedureAgainstAnAnsweringModule)
 {
+    const QByteArray frage1 = hex("BC 00 00 43");
     // modulWert: the LNCV's value in the module, -1 for none; antwort: instead of the module, if
     // set; ergebnis: the value read, the module's value written, the session or the state.
     const struct {
@@ -102,12 +103,12 @@ TEST_F(LncvAustausch, EachProcedureAgainstAnAnsweringModule)
          schreib(5, 300), 0.05, -1},
         {"any long ack", Ablauf::ProgLncv, 4723, 5, 300, 1234, -1, 0x7F, mitChk(hex("B4 3C 7F")), ProgOK,
          schreib(5, 300), 0.05, -1},
-        {"switch thrown", Ablauf::ReadMag, 0, 1, 0, 0, -1, 0, mitChk(hex("B4 3C 30")), ProgOK, hex("BC 00 00 43"), 0.05, 1},
+        {"switch thrown", Ablauf::ReadMag, 0, 1, 0, 0, -1, 0, mitChk(hex("B4 3C 30")), ProgOK, frage1, 0.05, 1},
         {"switch straight", Ablauf::ReadMag, 0, 300, 0, 0, -1, 0, mitChk(hex("B4 3C 50")), ProgOK, hex("BC 2B 02 6A"),
          0.05, 0},
-        {"other position", Ablauf::ReadMag, 0, 1, 0, 0, -1, 0, mitChk(hex("B4 3C 20")), ProgOK, hex("BC 00 00 43"), 0.05, 7},
+        {"other position", Ablauf::ReadMag, 0, 1, 0, 0, -1, 0, mitChk(hex("B4 3C 20")), ProgOK, frage1, 0.05, 7},
         {"ack of another opcode", Ablauf::ReadMag, 0, 1, 0, 0, -1, 0, mitChk(hex("B4 6D 30")), ProgOK,
-         hex("BC 00 00 43"), 0.05, 7},
+         frage1, 0.05, 7},
         {"on, 0.3 s, off", Ablauf::SendMag, 0, 1, 0, 0, -1, 0, {}, ProgOK, hex("B0 00 10 5F B0 00 00 4F"), 0.3, -1},
         // 299 = 2 * 128 + 43: 0x2B, then 2 + 32 + 16 = 0x32 and 2 + 32 = 0x22.
         {"high address", Ablauf::SendMag, 0, 300, 1, 0, -1, 0, {}, ProgOK, hex("B0 2B 32 56 B0 2B 22 46"), 0.3, -1},

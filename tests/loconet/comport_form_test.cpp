@@ -135,9 +135,11 @@ TEST(ComPortForm, UsbSearch)
         const char* comPort;
         QString meldung;
     } faelle[] = {
-        {{port("/dev/ttyS0", 0, 0), port("/dev/ttyUSB0"), port("/dev/ttyUSB1", 0x0403, 0x6001)}, "/dev/ttyUSB0", "5", {}},
+        {{port("/dev/ttyS0", 0, 0), port("/dev/ttyUSB0"), port("/dev/ttyUSB1", 0x0403, 0x6001)}, "/dev/ttyUSB0", "5",
+         {}},
         {{port("COM12")}, "", "12", {}},
-        {{port("/dev/ttyS0", 0, 0)}, "/dev/ttyUSB3", "5", QStringLiteral("Achtung|Es wurde kein Morvik-USB-Interface gefunden!")},
+        {{port("/dev/ttyS0", 0, 0)}, "/dev/ttyUSB3", "5",
+         QStringLiteral("Achtung|Es wurde kein Morvik-USB-Interface gefunden!")},
         {{port("/dev/ttyUSB0"), port("/dev/ttyUSB1")}, "/dev/ttyUSB3", "5",
          QStringLiteral("Achtung|Es gibt mehrere mögliche ComPorts mit einem Morvik-USB-Interface!\n\n"
                                   "Liste der möglichen ComPortNr.: /dev/ttyUSB0, /dev/ttyUSB1")},

@@ -174,6 +174,7 @@ TEST_F(OpenCom, CommandStationWithoutAnswerFailsAndLeavesThePortOpen)
 TEST_F(OpenCom, TheSettingsChooseDeviceAndSteps)
 {
     using A = Schnittstellenart;
+    using V = Verbindungsart;
     const char* adapter = "parameter 19200,n,8,2|dtr 0 rts 1|oeffnen|eingang verwerfen|parameter 16457,n,8,2";
     const QStringList adapterStatus = {QStringLiteral("2|LocoNet Interface wird geöffnet")};
     const struct {
@@ -185,11 +186,11 @@ TEST_F(OpenCom, TheSettingsChooseDeviceAndSteps)
         const char* schritte;
         QStringList status;
     } faelle[] = {
-        {Verbindungsart::Seriell, true, false, 2, "", "/dev/ttyS1", A::Adapter, adapter, adapterStatus},
-        {Verbindungsart::Seriell, true, false, 3, "/dev/ttyUSB0", "/dev/ttyUSB0", A::Adapter, adapter, adapterStatus},
-        {Verbindungsart::Seriell, true, true, 4, "", "/dev/ttyS3", A::Usb, "parameter 115200,n,8,1|dtr 0 rts 0|oeffnen", {}},
-        {Verbindungsart::LbServer, true, true, 1, "", "stellwerk:5550", A::LbServer, "oeffnen", {}},
-        {Verbindungsart::Simulation, false, true, 1, "", "simulator", A::Simulation, "oeffnen", {}},
+        {V::Seriell, true, false, 2, "", "/dev/ttyS1", A::Adapter, adapter, adapterStatus},
+        {V::Seriell, true, false, 3, "/dev/ttyUSB0", "/dev/ttyUSB0", A::Adapter, adapter, adapterStatus},
+        {V::Seriell, true, true, 4, "", "/dev/ttyS3", A::Usb, "parameter 115200,n,8,1|dtr 0 rts 0|oeffnen", {}},
+        {V::LbServer, true, true, 1, "", "stellwerk:5550", A::LbServer, "oeffnen", {}},
+        {V::Simulation, false, true, 1, "", "simulator", A::Simulation, "oeffnen", {}},
     };
     EXPECT_EQ(ArtAusEinstellungen(e), A::Zentrale);
     e.USBInterface = true;
@@ -223,6 +224,7 @@ TEST_F(OpenCom, TheSettingsChooseDeviceAndSteps)
 
 TEST_F(OpenCom, ARefusedOpenIsToldWithTheSystemsText)
 {
+    using V = Verbindungsart;
     const struct {
         Verbindungsart verbindung;
         bool lni, usb;
@@ -231,14 +233,14 @@ TEST_F(OpenCom, ARefusedOpenIsToldWithTheSystemsText)
         Long err;
         QString meldung;
     } faelle[] = {
-        {Verbindungsart::Seriell, true, true, 9, "Die Schnittstelle /dev/ttyS8 ist nicht vorhanden.", 8002,
+        {V::Seriell, true, true, 9, "Die Schnittstelle /dev/ttyS8 ist nicht vorhanden.", 8002,
          QStringLiteral("ComPort öffnen|Die Schnittstelle /dev/ttyS8 ist nicht vorhanden.")},
-        {Verbindungsart::Seriell, false, false, 9, "weg", 8002, QStringLiteral("ComPort öffnen|weg")},
-        {Verbindungsart::LbServer, false, false, 1, "kein LbServer", 8002, QStringLiteral("Verbindung öffnen|kein LbServer")},
-        {Verbindungsart::Simulation, false, false, 1, "", 8002,
+        {V::Seriell, false, false, 9, "weg", 8002, QStringLiteral("ComPort öffnen|weg")},
+        {V::LbServer, false, false, 1, "kein LbServer", 8002, QStringLiteral("Verbindung öffnen|kein LbServer")},
+        {V::Simulation, false, false, 1, "", 8002,
          QStringLiteral("Verbindung öffnen|Die Simulation ist in dieser Programmversion nicht verfügbar.")},
         // The serial adapter exists only on ports 1 and 2: the port is not touched.
-        {Verbindungsart::Seriell, true, false, 3, "", 1,
+        {V::Seriell, true, false, 3, "", 1,
          QStringLiteral("Fehler|Sie können das LocoNet-Interface nur mit Comport 1 oder Comport 2 benutzen!")},
     };
     schnittstelle.setzeSimulator({});
