@@ -51,12 +51,20 @@ private slots:
         QVERIFY(datei.contains("\r\nComPortGeraet:/dev/ttyUSB0\r\n"));
     }
 
-    void CancelChangesNothing()
+    void CancelEndeAndClosingChangeNothing()
     {
         ComPortForm form(e, umgebung());
-        zeigen(form, 3);
-        QTest::mouseClick(kind<QPushButton>(&form, QStringLiteral("Abbruch_Cmd")), Qt::LeftButton);
-        QCOMPARE(form.Ergebnis(), ComPortAbbruch);
+        Erststart erststart(e, umgebung());
+        VerbindungsDialog* dialoge[] = {&form, &erststart};
+        for (VerbindungsDialog* f : dialoge) {
+            zeigen(*f, 3);
+            QVERIFY(f->close());
+            QCOMPARE(f->Ergebnis(), ComPortAbbruch);
+            zeigen(*f, 3);
+            const char* knopf = f == &form ? "Abbruch_Cmd" : "End_But";
+            QTest::mouseClick(kind<QPushButton>(f, QLatin1String(knopf)), Qt::LeftButton);
+            QCOMPARE(f->Ergebnis(), ComPortAbbruch);
+        }
         QVERIFY(e == Einstellungen{} && geschlossen == 0 && !QFile::exists(cfg()));
     }
 
