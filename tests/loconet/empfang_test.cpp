@@ -1,4 +1,4 @@
-// Part 2.2: the two framings of empfang.
+// The two framings of the reception: the capture table and the monitor.
 #include "loconet/empfang.h"
 
 #include "tests/support/daten.h"
@@ -12,9 +12,8 @@ using planor::test::bytes;
 
 namespace {
 
-
 struct Mitschnitt {
-    Mitschnitt(Empfang& e)
+    explicit Mitschnitt(Empfang& e)
     {
         e.Monitor_Aktiv = true;
         e.decode_ln_mes = [this](const QByteArray& n) { nachrichten.push_back(n); };
@@ -26,19 +25,7 @@ struct Mitschnitt {
 
 }  // namespace
 
-TEST(Part2_2, LongAckFillsRow0AndFlagsIt)
-{
-    Empfang e;
-    Mitschnitt m(e);
-    e.bytes(bytes({0xB4, 0x6D, 0x7F, 0x5B}));
-    EXPECT_TRUE(e.da(ZeileLongAck, 0xB4));
-    EXPECT_EQ(e.wert(ZeileLongAck, 2), 0x7F);
-    EXPECT_EQ(m.zeilen, std::vector<int>{0});
-    ASSERT_EQ(m.nachrichten.size(), 1u);
-    EXPECT_EQ(m.nachrichten[0], bytes({0xB4, 0x6D, 0x7F, 0x5B}));
-}
-
-TEST(Part2_2, PeerXferCutByALongAckLeavesRow1UnflaggedAndRow0Filling)
+TEST(Empfang, PeerXferCutByALongAckLeavesRow1UnflaggedAndRow0Filling)
 {
     Empfang e;
     e.bytes(bytes({0xE5, 0x0F, 0xB4, 0x6D}));
@@ -50,7 +37,7 @@ TEST(Part2_2, PeerXferCutByALongAckLeavesRow1UnflaggedAndRow0Filling)
     EXPECT_FALSE(e.geflaggt(ZeilePeerXfer));
 }
 
-TEST(Part2_2, NavikReportIsCapturedAs8BytesWhateverItsLength)
+TEST(Empfang, NavikReportIsCapturedAs8BytesWhateverItsLength)
 {
     Empfang e;
     Mitschnitt m(e);
@@ -66,18 +53,37 @@ TEST(Part2_2, NavikReportIsCapturedAs8BytesWhateverItsLength)
     EXPECT_EQ(m.nachrichten[0].size(), 16);
 }
 
-TEST(Part2_2, ByteWithoutBit7AndNoMessageIsDroppedByBothFramings)
+TEST(Empfang, WhatReachesWhichFraming)
 {
-    Empfang e;
-    Mitschnitt m(e);
-    e.bytes(bytes({0x12, 0x34}));
-    EXPECT_TRUE(m.nachrichten.empty());
-    EXPECT_TRUE(m.zeilen.empty());
-    for (int z = 0; z < EmpfangZeilen; ++z)
-        EXPECT_EQ(e.wert(z, 0), 0);
+    const struct {
+        const char* was;
+        QByteArray eingang;
+        bool monitorAktiv;
+        std::size_t anMonitor;
+        int zeile;  // the row flagged and reported, -1 for none
+    } faelle[] = {
+        {"long ack", bytes({0xB4, 0x6D, 0x7F, 0x5B}), true, 1, ZeileLongAck},
+        {"stray bytes", bytes({0x12, 0x34}), true, 0, -1},
+        {"uncaptured opcodes", bytes({0x83, 0x7C, 0xA0, 0x01, 0x02, 0x5C}), true, 2, -1},
+        {"monitor off", bytes({0x83, 0x7C}), false, 0, -1},
+        {"our echo", bytes({0xED, 0x0F, 0x08, 0x05, 0x00, 0x21, 0x40, 0x72, 0x12, 0x00, 0x00, 0x0C, 0x00, 0x00, 0x44}),
+         true, 1, ZeileImmPacket},
+        {"switch request", bytes({0xB0, 0x00, 0x10, 0x5F}), true, 1, ZeileSwReq},
+    };
+    for (const auto& f : faelle) {
+        SCOPED_TRACE(f.was);
+        Empfang e;
+        Mitschnitt m(e);
+        e.Monitor_Aktiv = f.monitorAktiv;
+        e.bytes(f.eingang);
+        EXPECT_EQ(m.nachrichten.size(), f.anMonitor);
+        EXPECT_EQ(m.zeilen, f.zeile < 0 ? std::vector<int>{} : std::vector<int>{f.zeile});
+        for (int z = 0; z < EmpfangZeilen; ++z)
+            EXPECT_EQ(e.geflaggt(z), z == f.zeile) << z;
+    }
 }
 
-TEST(Part2_2, VariableLengthZeroOrOneNeverCompletesTheNextOpcodeRestarts)
+TEST(Empfang, VariableLengthZeroOrOneNeverCompletesTheNextOpcodeRestarts)
 {
     for (int laenge : {0, 1}) {
         Empfang e;
@@ -87,40 +93,11 @@ TEST(Part2_2, VariableLengthZeroOrOneNeverCompletesTheNextOpcodeRestarts)
             e.byte(0x11);
         EXPECT_TRUE(m.nachrichten.empty());
         e.bytes(bytes({0x83, 0x7C}));
-        ASSERT_EQ(m.nachrichten.size(), 1u);
-        EXPECT_EQ(m.nachrichten[0], bytes({0x83, 0x7C}));
+        EXPECT_EQ(m.nachrichten, std::vector<QByteArray>{bytes({0x83, 0x7C})});
     }
 }
 
-TEST(Part2_2, OurEchoLandsInItsOwnRow)
-{
-    Empfang e;
-    e.bytes(bytes({0xED, 0x0F, 0x08, 0x05, 0x00, 0x21, 0x40, 0x72, 0x12, 0x00, 0x00, 0x0C, 0x00, 0x00, 0x44}));
-    EXPECT_TRUE(e.da(ZeileImmPacket, 0xED));
-    EXPECT_FALSE(e.geflaggt(ZeilePeerXfer));
-    e.bytes(bytes({0xB0, 0x00, 0x10, 0x5F}));
-    EXPECT_TRUE(e.da(ZeileSwReq, 0xB0));
-}
-
-TEST(Part2_2, UncapturedOpcodesReachOnlyTheMonitor)
-{
-    Empfang e;
-    Mitschnitt m(e);
-    e.bytes(bytes({0x83, 0x7C, 0xA0, 0x01, 0x02, 0x5C}));
-    EXPECT_EQ(m.nachrichten.size(), 2u);
-    EXPECT_TRUE(m.zeilen.empty());
-}
-
-TEST(Part2_2, MonitorStaysSilentWhileNotActive)
-{
-    Empfang e;
-    Mitschnitt m(e);
-    e.Monitor_Aktiv = false;
-    e.bytes(bytes({0x83, 0x7C}));
-    EXPECT_TRUE(m.nachrichten.empty());
-}
-
-TEST(Part2_2, ClearingRowsAndDecodingPxct)
+TEST(Empfang, ClearingRowsAndDecodingPxct)
 {
     Empfang e;
     e.bytes(bytes({0xE5, 0x0F, 0x05, 0x49, 0x4B, 0x1F, 0x31, 0x72, 0x12, 0x00, 0x00, 0x7F, 0x7F, 0x00, 0x00}));

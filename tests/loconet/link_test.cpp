@@ -1,8 +1,9 @@
-// Part 2.2: send and send_str over the scaffold transport in virtual time.
+// send and send_str over the scaffold transport in virtual time.
 #include "loconet/link.h"
 
 #include "loconet/nachricht.h"
 #include "tests/support/bus.h"
+#include "tests/support/daten.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,7 @@ using namespace planor::test;
 
 namespace {
 
-class Part2_2_Link : public ::testing::Test {
+class Link : public ::testing::Test {
 protected:
     void SetUp() override
     {
@@ -23,79 +24,46 @@ protected:
     TestUhr uhr{QDateTime(QDate(2026, 11, 21), QTime(9, 0))};
     LocoNetLink link{uhr};
     GeruestTransport* transport = nullptr;
+    Long err = -1;
 };
 
 }  // namespace
 
-TEST_F(Part2_2_Link, SendAddsTheChecksum)
+TEST_F(Link, SendAddsTheChecksumSendStrDoesNot)
 {
-    Long err = -1;
     link.send(SendMag_Nachricht(1, 0, true), err);
     EXPECT_EQ(err, 0);
-    EXPECT_EQ(transport->gesendet, mitPruefsumme(SendMag_Nachricht(1, 0, true)));
-}
-
-TEST_F(Part2_2_Link, CommandStationWithCtsLowOver5sSendsNoChecksum)
-{
-    link.ctsBeachten = true;
-    transport->ctsHoch = true;
-    int geschrieben = 0;
-    transport->antwort = [&](const QByteArray&) {
-        if (++geschrieben == 2)
-            transport->ctsHoch = false;
-    };
-    Long err = -1;
-    const double t0 = uhr.sekunden();
-    link.send(QByteArray("\xB0\x00\x10", 3), err);
-    EXPECT_EQ(err, 1);
-    EXPECT_EQ(transport->gesendet, QByteArray("\xB0\x00", 2)) << "cut off, no checksum";
-    EXPECT_GE(uhr.sekunden() - t0, 5.0);
-    EXPECT_LT(uhr.sekunden() - t0, 5.1);
-}
-
-TEST_F(Part2_2_Link, CtsComingBackInTimeLetsTheMessageThrough)
-{
-    link.ctsBeachten = true;
-    transport->ctsHoch = false;
-    uhr.nach(2.0, [&] { transport->ctsHoch = true; });
-    Long err = -1;
-    link.send(QByteArray("\xB0\x00\x10", 3), err);
-    EXPECT_EQ(err, 0);
-    EXPECT_EQ(transport->gesendet.size(), 4);
-}
-
-TEST_F(Part2_2_Link, SendStrWaitsForCtsAndAddsNoChecksum)
-{
-    Long err = -1;
     link.send_str("xB19200\r", err);
     EXPECT_EQ(err, 0);
-    EXPECT_EQ(transport->gesendet, QByteArray("xB19200\r"));
+    EXPECT_EQ(transport->gesendet, mitPruefsumme(SendMag_Nachricht(1, 0, true)) + "xB19200\r");
 }
 
-TEST_F(Part2_2_Link, ClosedTransportCannotSend)
+TEST_F(Link, ACommandStationHoldingCtsLowFor5sCutsTheMessage)
 {
-    transport->offen = false;
-    Long err = 0;
-    link.send(QByteArray("\xB0\x00\x10", 3), err);
-    EXPECT_EQ(err, 1);
+    const struct {
+        double ctsNiedrigAb, ctsHochAb;  // write number, virtual time
+        Long err;
+        const char* gesendet;
+        double sekunden;
+    } faelle[] = {{2, 99, 1, "B0 00", 5.0}, {0, 2.0, 0, "B0 00 10 5F", 2.0}};
+    link.ctsBeachten = true;
+    for (const auto& f : faelle) {
+        const double t0 = uhr.sekunden();
+        transport->gesendet.clear();
+        transport->ctsHoch = f.ctsNiedrigAb > 0;
+        transport->antwort = [&, n = 0](const QByteArray&) mutable { transport->ctsHoch &= ++n != f.ctsNiedrigAb; };
+        uhr.nach(f.ctsHochAb, [&] { transport->ctsHoch = true; });
+        link.send(hex("B0 00 10"), err);
+        EXPECT_EQ(err, f.err);
+        EXPECT_EQ(h(transport->gesendet), f.gesendet) << "cut off without a checksum";
+        EXPECT_GE(uhr.sekunden() - t0, f.sekunden);
+        EXPECT_LT(uhr.sekunden() - t0, f.sekunden + 0.1);
+    }
 }
 
-TEST_F(Part2_2_Link, ReceivedBytesReachTheReceptionTable)
+TEST_F(Link, ReceivedBytesReachTheReceptionTable)
 {
     transport->senden(QByteArray("\xB4\x6D\x7F\x5B", 4), 0.1);
     EXPECT_TRUE(uhr.warten(0.5, [&] { return link.empfang().da(ZeileLongAck, 0xB4); }));
     EXPECT_NEAR(uhr.sekunden(), 0.1, 1e-9);
-}
-
-TEST(Part2_2_Uhr, DelayWaitsInVirtualTime)
-{
-    TestUhr uhr(QDateTime(QDate(2026, 1, 1), QTime(0, 0)));
-    bool gelaufen = false;
-    uhr.nach(0.3, [&] { gelaufen = true; });
-    uhr.delay(0.2);
-    EXPECT_FALSE(gelaufen);
-    EXPECT_NEAR(uhr.sekunden(), 0.2, 1e-9);
-    uhr.delay(0.2);
-    EXPECT_TRUE(gelaufen);
-    EXPECT_NEAR(uhr.sekunden(), 0.4, 1e-9);
 }

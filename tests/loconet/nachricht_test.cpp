@@ -1,4 +1,4 @@
-// Parts 2.2 and 2.3: every message the program composes, byte for byte.
+// Every message the program composes, byte for byte.
 #include "loconet/nachricht.h"
 
 #include "tests/support/daten.h"
@@ -6,94 +6,55 @@
 #include <gtest/gtest.h>
 
 using namespace planor;
-using planor::test::bytes;
+using planor::test::h;
+using planor::test::hex;
 
-TEST(Part2_2, ChecksumIsFFXorAllBytes)
+TEST(Nachricht, ChecksumHexAndWireArticle)
 {
-    EXPECT_EQ(Pruefsumme(bytes({0xB0, 0x00, 0x10})), 0xFF ^ 0xB0 ^ 0x10);
-    EXPECT_EQ(mitPruefsumme(bytes({0xB4, 0x6D, 0x7F})), bytes({0xB4, 0x6D, 0x7F, 0xFF ^ 0xB4 ^ 0x6D ^ 0x7F}));
-}
-
-TEST(Part2_2, HexOfAValue)
-{
-    EXPECT_EQ(hex_$(0), QStringLiteral("00"));
-    EXPECT_EQ(hex_$(255), QStringLiteral("FF"));
-    EXPECT_EQ(hex_$(5), QStringLiteral("05"));
-    EXPECT_EQ(hex_$(300), QStringLiteral("012C"));
-}
-
-TEST(Part2_3, WireArticle)
-{
+    EXPECT_EQ(Pruefsumme(hex("B0 00 10")), 0xFF ^ 0xB0 ^ 0x10);
+    EXPECT_EQ(h(mitPruefsumme(hex("B4 6D 7F"))), "B4 6D 7F 59");
+    EXPECT_EQ(hex_$(0) + hex_$(5) + hex_$(255) + hex_$(300), QStringLiteral("0005FF012C"));
     EXPECT_EQ(DrahtArtikel(47220), 4722);
     EXPECT_EQ(DrahtArtikel(47320), 4732);
     EXPECT_EQ(DrahtArtikel(5330), 5330);
 }
 
-TEST(Part2_3, ProgOnStartsASessionWithTheAddress)
+TEST(Nachricht, EachBuilderByteForByte)
 {
-    EXPECT_EQ(Prog_On_Nachricht(4722, 12),
-              bytes({0xED, 0x0F, 0x08, 0x05, 0x00, 0x21, 0x40, 0x72, 0x12, 0x00, 0x00, 0x0C, 0x00, 0x00}));
-    // 4722 = 0x1272: low byte 0x72, high 0x12; the session flag 0x80 travels as bit 6 of byte 6.
-}
-
-TEST(Part2_3, ProgOnBroadcastAddress)
-{
-    EXPECT_EQ(Prog_On_Nachricht(4722, 65535),
-              bytes({0xED, 0x0F, 0x08, 0x05, 0x00, 0x21, 0x70, 0x72, 0x12, 0x00, 0x00, 0x7F, 0x7F, 0x00}));
-}
-
-TEST(Part2_3, ProgOffUsesOpcodeE5AndTheEndFlagInTheOpen)
-{
-    EXPECT_EQ(Prog_Off_Nachricht(4722, 12),
-              bytes({0xE5, 0x0F, 0x08, 0x05, 0x00, 0x21, 0x00, 0x72, 0x12, 0x00, 0x00, 0x0C, 0x00, 0x40}));
-}
-
-TEST(Part2_3, ReadLncv)
-{
-    EXPECT_EQ(Read_Lncv_Nachricht(4722, 15),
-              bytes({0xED, 0x0F, 0x08, 0x05, 0x00, 0x21, 0x00, 0x72, 0x12, 0x0F, 0x00, 0x00, 0x00, 0x00}));
-}
-
-TEST(Part2_3, Lncv128TravelsAsLowZeroWithBit2OfByte6)
-{
-    EXPECT_EQ(Read_Lncv_Nachricht(4722, 128),
-              bytes({0xED, 0x0F, 0x08, 0x05, 0x00, 0x21, 0x04, 0x72, 0x12, 0x00, 0x00, 0x00, 0x00, 0x00}));
-}
-
-TEST(Part2_3, ValueMinusOneGoesOutAs255And255WithBothFlags)
-{
-    EXPECT_EQ(Prog_Lncv_Nachricht(4722, 2, -1),
-              bytes({0xED, 0x0F, 0x08, 0x05, 0x00, 0x20, 0x30, 0x72, 0x12, 0x02, 0x00, 0x7F, 0x7F, 0x00}));
-}
-
-TEST(Part2_3, ArticleWithBit7IsCodedToo)
-{
-    // 5330 = 0x14D2: the low byte's bit 7 goes to bit 0 of byte 6.
-    EXPECT_EQ(Prog_On_Nachricht(5330, 1),
-              bytes({0xED, 0x0F, 0x08, 0x05, 0x00, 0x21, 0x41, 0x52, 0x14, 0x00, 0x00, 0x01, 0x00, 0x00}));
-}
-
-TEST(Part2_3, ReadMag)
-{
-    EXPECT_EQ(Read_Mag_Nachricht(1), bytes({0xBC, 0x00, 0x00}));
-    EXPECT_EQ(Read_Mag_Nachricht(300), bytes({0xBC, 0x2B, 0x02}));
-}
-
-TEST(Part2_3, SendMagOnAddress1Position0)
-{
-    EXPECT_EQ(SendMag_Nachricht(1, 0, true), bytes({0xB0, 0x00, 0x10}));
-    EXPECT_EQ(SendMag_Nachricht(1, 0, false), bytes({0xB0, 0x00, 0x00}));
-    EXPECT_EQ(SendMag_Nachricht(2048, 1, true), bytes({0xB0, 0x7F, 0x3F}));
-}
-
-TEST(Part2_3, SendRmOnAddress1Level1)
-{
-    EXPECT_EQ(SendRM_Nachricht(1, 1), bytes({0xB2, 0x00, 0x50}));
-    EXPECT_EQ(SendRM_Nachricht(2, 0), bytes({0xB2, 0x00, 0x60}));
-    EXPECT_EQ(SendRM_Nachricht(4096, 1), bytes({0xB2, 0x7F, 0x7F}));
-}
-
-TEST(Part2_3, AskNavik)
-{
-    EXPECT_EQ(Ask_Navik_Nachricht(300), bytes({0xE4, 0x08, 0x01, 0x22, 0x2C, 0x00, 0x00}));
+    // Bit 7 of bytes 7..13 travels in byte 6, so 4722 = 0x1272, LNCV 128,
+    // the value -1 and the article 5330 = 0x14D2 each set a flag there.
+    const struct {
+        QByteArray nachricht;
+        const char* erwartet;
+    } faelle[] = {
+        {Prog_On_Nachricht(4722, 12), "ED 0F 08 05 00 21 40 72 12 00 00 0C 00 00"},
+        {Prog_On_Nachricht(4722, 65535), "ED 0F 08 05 00 21 70 72 12 00 00 7F 7F 00"},
+        {Prog_Off_Nachricht(4722, 12), "E5 0F 08 05 00 21 00 72 12 00 00 0C 00 40"},
+        {Read_Lncv_Nachricht(4722, 15), "ED 0F 08 05 00 21 00 72 12 0F 00 00 00 00"},
+        {Read_Lncv_Nachricht(4722, 128), "ED 0F 08 05 00 21 04 72 12 00 00 00 00 00"},
+        {Prog_Lncv_Nachricht(4722, 2, -1), "ED 0F 08 05 00 20 30 72 12 02 00 7F 7F 00"},
+        {Prog_On_Nachricht(5330, 1), "ED 0F 08 05 00 21 41 52 14 00 00 01 00 00"},
+        {Read_Mag_Nachricht(1), "BC 00 00"},
+        {Read_Mag_Nachricht(300), "BC 2B 02"},
+        {SendMag_Nachricht(1, 0, true), "B0 00 10"},
+        {SendMag_Nachricht(1, 0, false), "B0 00 00"},
+        {SendMag_Nachricht(2048, 1, true), "B0 7F 3F"},
+        {SendRM_Nachricht(1, 1), "B2 00 50"},
+        {SendRM_Nachricht(2, 0), "B2 00 60"},
+        {SendRM_Nachricht(4096, 1), "B2 7F 7F"},
+        {Ask_Navik_Nachricht(300), "E4 08 01 22 2C 00 00"},
+        // As they go on the wire, checksum included (4723 = 0x1273, 1234 = 0x04D2).
+        {mitPruefsumme(Prog_On_Nachricht(4723, 1234)), "ED 0F 08 05 00 21 50 73 12 00 00 52 04 00 56"},
+        {mitPruefsumme(Prog_On_Nachricht(4723, 65535)), "ED 0F 08 05 00 21 70 73 12 00 00 7F 7F 00 20"},
+        {mitPruefsumme(Prog_Off_Nachricht(4723, 1234)), "E5 0F 08 05 00 21 10 73 12 00 00 52 04 40 5E"},
+        {mitPruefsumme(Read_Lncv_Nachricht(4723, 16)), "ED 0F 08 05 00 21 00 73 12 10 00 00 00 00 40"},
+        {mitPruefsumme(Read_Lncv_Nachricht(4723, 128)), "ED 0F 08 05 00 21 04 73 12 00 00 00 00 00 54"},
+        {mitPruefsumme(Prog_Lncv_Nachricht(4723, 5, 300)), "ED 0F 08 05 00 20 00 73 12 05 00 2C 01 00 79"},
+        {mitPruefsumme(Prog_Lncv_Nachricht(4723, 5, -1)), "ED 0F 08 05 00 20 30 73 12 05 00 7F 7F 00 64"},
+        {mitPruefsumme(Prog_On_Nachricht(5330, 1234)), "ED 0F 08 05 00 21 51 52 14 00 00 52 04 00 70"},
+        {mitPruefsumme(Read_Lncv_Nachricht(5330, 16)), "ED 0F 08 05 00 21 01 52 14 10 00 00 00 00 66"},
+        {mitPruefsumme(Prog_Off_Nachricht(5330, 1234)), "E5 0F 08 05 00 21 11 52 14 00 00 52 04 40 78"},
+    };
+    for (const auto& f : faelle)
+        EXPECT_EQ(h(f.nachricht), f.erwartet);
 }
