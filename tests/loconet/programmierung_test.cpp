@@ -1,5 +1,5 @@
-// Part 2.4 with spec-notes 2.3/2.4/2.5: bulk programming and read-back of the
-// demo project against the in-process simulator, in virtual time.
+// Bulk programming and read-back of the demo project against the in-process
+// simulator, in virtual time.
 #include "loconet/lncv_austausch.h"
 #include "tests/loconet/programmier_umgebung.h"
 
@@ -21,33 +21,40 @@ QStringList texte(const QStringList& ereignisse, const QString& anfang)
 
 } // namespace
 
-TEST(ProgrammierTabelle, LastLncvAndNeverWritten)
+// One module of each kind against the simulator: every LNCV up to the last
+// one of its kind arrives, the one past it and the never-written one do not.
+TEST_F(Programmierung, EachArticleIsWrittenOverItsWholeRange)
 {
-    for (Long art : {47120, 47130, 47190, 47230})
-        EXPECT_EQ(LetzteLncv(art, 0), 127) << art;
-    EXPECT_EQ(LetzteLncv(47220, 0), 119);
-    EXPECT_EQ(LetzteLncv(47240, 2), 119);
-    EXPECT_EQ(LetzteLncv(5330, 1), 119);
-    EXPECT_EQ(LetzteLncv(5330, 2), 127);
-    EXPECT_EQ(LetzteLncv(5330, 0), -1);
-    EXPECT_EQ(LetzteLncv(47320, 0), 459);
-    EXPECT_EQ(LetzteLncv(47330, 0), 459);
-    EXPECT_EQ(LetzteLncv(0, 0), -1);
-    EXPECT_EQ(LetzteLncv(12345, 1), -1);
-    EXPECT_EQ(NieGeschrieben(47220), 16);
-    EXPECT_EQ(NieGeschrieben(5330), 16);
-    EXPECT_EQ(NieGeschrieben(47320), -1);
-    EXPECT_EQ(NieGeschrieben(47330), -1);
-}
-
-TEST(ProgrammierTabelle, ModeFromLncv2)
-{
-    const int erwartet[16] = {-1, -1, 10, 9, 0, 1, 2, 3, 7, 8, 8, 8, 8, -1, -1, -1};
-    for (int i = 0; i < 16; ++i) {
-        EXPECT_EQ(BetriebsartAusLncv2(Integer(i)), erwartet[i]) << i;
-        EXPECT_EQ(BetriebsartAusLncv2(Integer(i + 16 + 256)), erwartet[i]) << "only the low 4 bits count";
+    struct Zeile {
+        Long artikel;
+        int version, simVersion, letzte;
+    };
+    const Zeile zeilen[] = {{47120, 0, -1, 127}, {47130, 0, -1, 127}, {47190, 0, -1, 127}, {47230, 0, -1, 127},
+        {5330, 1, 150, 119}, {5330, 2, 250, 127}};
+    for (const Zeile& r : zeilen) {
+        SCOPED_TRACE(QStringLiteral("%1 v%2").arg(r.artikel).arg(r.version).toStdString());
+        Simulator s {uhr};
+        LocoNetLink l {uhr};
+        SimVerbindung v {s, l};
+        Programmierumgebung pu {anlage, katalog, v, l, meldungen, zellen, anzeige};
+        s.modulHinzufuegen({r.artikel, 7, r.simVersion});
+        XY_Typ& z = anlage.XY(4, 4);
+        z = XY_Typ {};
+        z.XY_ArtNr = r.artikel;
+        z.XY_Version = r.version;
+        z.XY_LNCV(0) = 7;
+        for (int i = 3; i <= r.letzte + 1; ++i)
+            z.XY_LNCV(i) = Integer(i + 1000);
+        ASSERT_TRUE(Prog_all(pu));
+        const SimModul* m = s.geraete().modul(r.artikel, 7);
+        ASSERT_NE(m, nullptr);
+        EXPECT_EQ(m->lncv(3), 1003);
+        EXPECT_EQ(m->lncv(r.letzte), r.letzte + 1000);
+        EXPECT_NE(m->lncv(r.letzte + 1), r.letzte + 1001);
+        if (r.artikel == 5330) {
+            EXPECT_NE(m->lncv(16), 1016);
+        }
     }
-    EXPECT_EQ(BetriebsartAusLncv2(-1), -1);
 }
 
 TEST_F(Programmierung, ProgAllBringsTheDemoIntoItsModules)
@@ -111,7 +118,7 @@ TEST_F(Programmierung, NegativeAndLargeValuesAreNotRewritten)
     EXPECT_EQ(modulVon(p.x(), p.y())->lncv(31), 32768);
     const std::size_t ab = aufDemBus.size();
     ASSERT_TRUE(Prog_all(u));
-    EXPECT_EQ(schreibvorgaenge(ab), 0) << "spec-notes 2.4: compared as Unsig_to_Int";
+    EXPECT_EQ(schreibvorgaenge(ab), 0) << "compared as Unsig_to_Int";
 }
 
 TEST_F(Programmierung, ReadAllBringsChangedValuesHome)
@@ -143,7 +150,7 @@ TEST_F(Programmierung, ReadAllBringsChangedValuesHome)
     const XY_Typ& z = anlage.XY(empf.x(), empf.y());
     EXPECT_EQ(z.XY_LNCV(20), 4711);
     EXPECT_EQ(z.XY_LNCV(40), -1);
-    EXPECT_EQ(z.XY_BETR, 7) << "spec-notes 2.4: the mode from LNCV 2";
+    EXPECT_EQ(z.XY_BETR, 7) << "the mode from LNCV 2";
     EXPECT_EQ(z.XY_BlkMeld, 1);
     EXPECT_EQ(gebaut, 1) << "the Make_bhf seam for modes 7 and 8";
     EXPECT_EQ(anlage.XY(uni.x(), uni.y()).XY_LNCV(300), 1234);
