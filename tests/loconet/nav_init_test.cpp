@@ -145,7 +145,7 @@ TEST_F(NavInit, AbbruchHidesTheFormWithNoEffect)
     EXPECT_TRUE(gesendet.empty());
 }
 
-// --- step 1: the checks --------------------------------------------------------
+// --- the checks --------------------------------------------------------
 
 TEST_F(NavInit, Address4096IsRefused4095Accepted)
 {
@@ -210,7 +210,7 @@ TEST_F(NavInit, UniversalControllersCheckOnlyAddress1)
     EXPECT_FALSE(NavInitEingabeGueltig(form));
 }
 
-// --- step 2: the question -------------------------------------------------------
+// --- the question -------------------------------------------------------
 
 TEST_F(NavInit, AnsweringNoSendsNothing)
 {
@@ -228,7 +228,7 @@ TEST_F(NavInit, AnsweringNoSendsNothing)
     EXPECT_TRUE(meldungen.texte.isEmpty());
 }
 
-// --- steps 3-7: writing ----------------------------------------------------------
+// --- writing ----------------------------------------------------------
 
 TEST_F(NavInit, NavikModuleGetsItsAddressesAndIsClearedInOrder)
 {
