@@ -159,55 +159,45 @@ TEST_F(NavInit, Address4096IsRefused4095Accepted)
     EXPECT_TRUE(form.sichtbar) << "the dialog stays";
     EXPECT_EQ(verbindung.geoeffnet, 0);
     EXPECT_TRUE(gesendet.empty());
-
-    form.adr1 = QStringLiteral("4095");
-    EXPECT_TRUE(NavInitEingabeGueltig(form));
-    form.adr1 = QStringLiteral("1");
-    EXPECT_TRUE(NavInitEingabeGueltig(form));
-    form.adr1 = QStringLiteral("0");
-    EXPECT_FALSE(NavInitEingabeGueltig(form));
-    form.adr1 = QStringLiteral("-");
-    EXPECT_FALSE(NavInitEingabeGueltig(form));
 }
 
-TEST_F(NavInit, TwoSingleSensorsCheckTheSecondAddress)
+// Which inputs pass: the sensor option (-1: none chosen), the article and both
+// address fields. The second address counts only for two single sensors.
+TEST_F(NavInit, InputChecks)
 {
-    NavInit_SenOpt_Click(form, 0);
-    form.adr1 = QStringLiteral("10");
-    form.adr2 = QStringLiteral("-");
-    EXPECT_FALSE(NavInitEingabeGueltig(form));
-    form.adr2 = QStringLiteral("4096");
-    EXPECT_FALSE(NavInitEingabeGueltig(form));
-    form.adr2 = QStringLiteral("4095");
-    EXPECT_TRUE(NavInitEingabeGueltig(form));
-}
-
-TEST_F(NavInit, NoSensorOptionChosenIsRefused)
-{
-    form.adr1 = QStringLiteral("10");
-    form.adr2 = QStringLiteral("11");
-    EXPECT_EQ(start(), NavInitErgebnis::EingabeFalsch);
-    EXPECT_EQ(meldungen.texte, QStringList{EingabeFehler});
-}
-
-TEST_F(NavInit, DoubleSensorDoesNotCheckTheSecondAddress)
-{
-    NavInit_SenOpt_Click(form, 1);
-    form.adr1 = QStringLiteral("10");
-    form.adr2 = QStringLiteral("99999");
-    EXPECT_TRUE(NavInitEingabeGueltig(form));
-}
-
-TEST_F(NavInit, UniversalControllersCheckOnlyAddress1)
-{
-    waehle(QStringLiteral("47320"));
-    form.adr1 = QStringLiteral("4095");
-    EXPECT_TRUE(NavInitEingabeGueltig(form)) << "no sensor option, no second address";
-    NavInit_SenOpt_Click(form, 0);
-    EXPECT_FALSE(form.adr2Aktiv);
-    EXPECT_TRUE(NavInitEingabeGueltig(form));
-    form.adr1 = QStringLiteral("4096");
-    EXPECT_FALSE(NavInitEingabeGueltig(form));
+    struct Zeile {
+        const char* artikel;
+        int senOpt;
+        const char *adr1, *adr2;
+        bool gueltig;
+    };
+    const Zeile zeilen[] = {
+        {nullptr, 1, "4095", "", true},
+        {nullptr, 1, "1", "", true},
+        {nullptr, 1, "0", "", false},
+        {nullptr, 1, "-", "", false},
+        {nullptr, 1, "10", "99999", true},
+        {nullptr, 0, "10", "-", false},
+        {nullptr, 0, "10", "4096", false},
+        {nullptr, 0, "10", "4095", true},
+        {nullptr, -1, "10", "11", false},
+        {"47320", -1, "4095", "", true},
+        {"47320", 0, "4095", "-", true},
+        {"47320", 0, "4096", "", false},
+    };
+    for (const Zeile& z : zeilen) {
+        SCOPED_TRACE(std::string(z.artikel ? z.artikel : "-") + " " + std::to_string(z.senOpt) + " " + z.adr1 + " "
+            + z.adr2);
+        form = NavInitForm {};
+        NavInit_Form_Load(form);
+        if (z.artikel)
+            waehle(QString::fromLatin1(z.artikel));
+        if (z.senOpt >= 0)
+            NavInit_SenOpt_Click(form, z.senOpt);
+        form.adr1 = QString::fromLatin1(z.adr1);
+        form.adr2 = QString::fromLatin1(z.adr2);
+        EXPECT_EQ(NavInitEingabeGueltig(form), z.gueltig);
+    }
 }
 
 // --- the question -------------------------------------------------------
