@@ -1,4 +1,4 @@
-// Part 2.5: Nav_Init's form state and OK_But_Click against the simulator in
+// Nav_Init's form state and OK_But_Click against the simulator in
 // virtual time: the checks and texts, the question, the writes through the
 // broadcast session in their order, the progress and the failure path.
 #include "loconet/nav_init.h"
@@ -10,6 +10,7 @@
 #include "loconet/verbindung.h"
 #include "platform/sim_transport.h"
 #include "tests/support/berichte.h"
+#include "tests/support/bus.h"
 #include "tests/support/sim.h"
 
 using namespace planor;
@@ -17,34 +18,6 @@ using namespace planor::test;
 
 namespace {
 
-// open_com over the simulator's transport; it can be made to fail.
-class SimVerbindung final : public LocoNetVerbindung {
-public:
-    SimVerbindung(Simulator& sim, LocoNetLink& link) : sim_(sim), link_(link) {}
-    void open_com(Long& err) override
-    {
-        ++geoeffnet;
-        err = 0;
-        if (scheitern) {
-            err = 8002;
-            return;
-        }
-        if (link_.istOffen())
-            return;
-        link_.setzeTransport(sim_.transport());
-        QString fehler;
-        if (!link_.transport()->oeffnen(fehler))
-            err = 8002;
-    }
-    bool istOffen() const override { return link_.istOffen(); }
-
-    int geoeffnet = 0;
-    bool scheitern = false;
-
-private:
-    Simulator& sim_;
-    LocoNetLink& link_;
-};
 
 struct Anzeige final : NavInitAnzeige {
     bool frageJaNein(const QString& titel, const QString& text) override
@@ -65,7 +38,7 @@ struct Anzeige final : NavInitAnzeige {
     QStringList texte;
 };
 
-class Part2_5_NavInit : public ::testing::Test {
+class NavInit : public ::testing::Test {
 protected:
     void SetUp() override
     {
@@ -123,7 +96,7 @@ std::string m(const QByteArray& n) { return h(mitPruefsumme(n)); }
 
 // --- the form ----------------------------------------------------------------
 
-TEST_F(Part2_5_NavInit, FormLoadFillsTheListAndTheFields)
+TEST_F(NavInit, FormLoadFillsTheListAndTheFields)
 {
     EXPECT_EQ(form.artikelListe, (QStringList{"5330", "47120", "47220", "47230", "47240", "47320", "47330"}));
     EXPECT_EQ(form.artikelIndex, 0);
@@ -140,7 +113,7 @@ TEST_F(Part2_5_NavInit, FormLoadFillsTheListAndTheFields)
     EXPECT_EQ(NavInitTitel, QStringLiteral("Modul initialisieren"));
 }
 
-TEST_F(Part2_5_NavInit, UniversalControllersHideTheSensorFrameAndSwitchTheWarning)
+TEST_F(NavInit, UniversalControllersHideTheSensorFrameAndSwitchTheWarning)
 {
     for (const char* a : {"47320", "47330"}) {
         waehle(QString::fromLatin1(a));
@@ -153,7 +126,7 @@ TEST_F(Part2_5_NavInit, UniversalControllersHideTheSensorFrameAndSwitchTheWarnin
     EXPECT_EQ(form.warnung, WarnungNavikTobra);
 }
 
-TEST_F(Part2_5_NavInit, SecondAddressIsOfferedOnlyWithTwoSingleSensors)
+TEST_F(NavInit, SecondAddressIsOfferedOnlyWithTwoSingleSensors)
 {
     NavInit_SenOpt_Click(form, 0);
     EXPECT_TRUE(form.adr2Aktiv);
@@ -164,7 +137,7 @@ TEST_F(Part2_5_NavInit, SecondAddressIsOfferedOnlyWithTwoSingleSensors)
     EXPECT_TRUE(form.adr2Aktiv);
 }
 
-TEST_F(Part2_5_NavInit, AbbruchHidesTheFormWithNoEffect)
+TEST_F(NavInit, AbbruchHidesTheFormWithNoEffect)
 {
     NavInit_Abbruch_Cmd_Click(form);
     EXPECT_FALSE(form.sichtbar);
@@ -172,9 +145,9 @@ TEST_F(Part2_5_NavInit, AbbruchHidesTheFormWithNoEffect)
     EXPECT_TRUE(gesendet.empty());
 }
 
-// --- step 1: the checks --------------------------------------------------------
+// --- the checks --------------------------------------------------------
 
-TEST_F(Part2_5_NavInit, Address4096IsRefused4095Accepted)
+TEST_F(NavInit, Address4096IsRefused4095Accepted)
 {
     NavInit_SenOpt_Click(form, 1);
     form.adr1 = QStringLiteral("4096");
@@ -186,60 +159,50 @@ TEST_F(Part2_5_NavInit, Address4096IsRefused4095Accepted)
     EXPECT_TRUE(form.sichtbar) << "the dialog stays";
     EXPECT_EQ(verbindung.geoeffnet, 0);
     EXPECT_TRUE(gesendet.empty());
-
-    form.adr1 = QStringLiteral("4095");
-    EXPECT_TRUE(NavInitEingabeGueltig(form));
-    form.adr1 = QStringLiteral("1");
-    EXPECT_TRUE(NavInitEingabeGueltig(form));
-    form.adr1 = QStringLiteral("0");
-    EXPECT_FALSE(NavInitEingabeGueltig(form));
-    form.adr1 = QStringLiteral("-");
-    EXPECT_FALSE(NavInitEingabeGueltig(form));
 }
 
-TEST_F(Part2_5_NavInit, TwoSingleSensorsCheckTheSecondAddress)
+// Which inputs pass: the sensor option (-1: none chosen), the article and both
+// address fields. The second address counts only for two single sensors.
+TEST_F(NavInit, InputChecks)
 {
-    NavInit_SenOpt_Click(form, 0);
-    form.adr1 = QStringLiteral("10");
-    form.adr2 = QStringLiteral("-");
-    EXPECT_FALSE(NavInitEingabeGueltig(form));
-    form.adr2 = QStringLiteral("4096");
-    EXPECT_FALSE(NavInitEingabeGueltig(form));
-    form.adr2 = QStringLiteral("4095");
-    EXPECT_TRUE(NavInitEingabeGueltig(form));
+    struct Zeile {
+        const char* artikel;
+        int senOpt;
+        const char *adr1, *adr2;
+        bool gueltig;
+    };
+    const Zeile zeilen[] = {
+        {nullptr, 1, "4095", "", true},
+        {nullptr, 1, "1", "", true},
+        {nullptr, 1, "0", "", false},
+        {nullptr, 1, "-", "", false},
+        {nullptr, 1, "10", "99999", true},
+        {nullptr, 0, "10", "-", false},
+        {nullptr, 0, "10", "4096", false},
+        {nullptr, 0, "10", "4095", true},
+        {nullptr, -1, "10", "11", false},
+        {"47320", -1, "4095", "", true},
+        {"47320", 0, "4095", "-", true},
+        {"47320", 0, "4096", "", false},
+    };
+    for (const Zeile& z : zeilen) {
+        SCOPED_TRACE(std::string(z.artikel ? z.artikel : "-") + " " + std::to_string(z.senOpt) + " " + z.adr1 + " "
+            + z.adr2);
+        form = NavInitForm {};
+        NavInit_Form_Load(form);
+        if (z.artikel)
+            waehle(QString::fromLatin1(z.artikel));
+        if (z.senOpt >= 0)
+            NavInit_SenOpt_Click(form, z.senOpt);
+        form.adr1 = QString::fromLatin1(z.adr1);
+        form.adr2 = QString::fromLatin1(z.adr2);
+        EXPECT_EQ(NavInitEingabeGueltig(form), z.gueltig);
+    }
 }
 
-TEST_F(Part2_5_NavInit, NoSensorOptionChosenIsRefused)
-{
-    form.adr1 = QStringLiteral("10");
-    form.adr2 = QStringLiteral("11");
-    EXPECT_EQ(start(), NavInitErgebnis::EingabeFalsch);
-    EXPECT_EQ(meldungen.texte, QStringList{EingabeFehler});
-}
+// --- the question -------------------------------------------------------
 
-TEST_F(Part2_5_NavInit, DoubleSensorDoesNotCheckTheSecondAddress)
-{
-    NavInit_SenOpt_Click(form, 1);
-    form.adr1 = QStringLiteral("10");
-    form.adr2 = QStringLiteral("99999");
-    EXPECT_TRUE(NavInitEingabeGueltig(form));
-}
-
-TEST_F(Part2_5_NavInit, UniversalControllersCheckOnlyAddress1)
-{
-    waehle(QStringLiteral("47320"));
-    form.adr1 = QStringLiteral("4095");
-    EXPECT_TRUE(NavInitEingabeGueltig(form)) << "no sensor option, no second address";
-    NavInit_SenOpt_Click(form, 0);
-    EXPECT_FALSE(form.adr2Aktiv);
-    EXPECT_TRUE(NavInitEingabeGueltig(form));
-    form.adr1 = QStringLiteral("4096");
-    EXPECT_FALSE(NavInitEingabeGueltig(form));
-}
-
-// --- step 2: the question -------------------------------------------------------
-
-TEST_F(Part2_5_NavInit, AnsweringNoSendsNothing)
+TEST_F(NavInit, AnsweringNoSendsNothing)
 {
     sim.modulHinzufuegen({47220, 12});
     waehle(QStringLiteral("47220"));
@@ -255,9 +218,9 @@ TEST_F(Part2_5_NavInit, AnsweringNoSendsNothing)
     EXPECT_TRUE(meldungen.texte.isEmpty());
 }
 
-// --- steps 3-7: writing ----------------------------------------------------------
+// --- writing ----------------------------------------------------------
 
-TEST_F(Part2_5_NavInit, NavikModuleGetsItsAddressesAndIsClearedInOrder)
+TEST_F(NavInit, NavikModuleGetsItsAddressesAndIsClearedInOrder)
 {
     SimModul& modul = neuesModul(47220, 12);
     const quint16 version = modul.lncv(16);
@@ -271,7 +234,7 @@ TEST_F(Part2_5_NavInit, NavikModuleGetsItsAddressesAndIsClearedInOrder)
     EXPECT_EQ(code, ProgOK);
     uhr.weiter(100);
 
-    // The bus traffic: session with 65535, the writes in the spec's order, the end.
+    // The bus traffic: session with 65535, the writes in their fixed order, the end.
     std::vector<QByteArray> erwartet{Prog_On_Nachricht(4722, 65535), Prog_Lncv_Nachricht(4722, 0, 300),
                                      Prog_Lncv_Nachricht(4722, 1, 301), Prog_Lncv_Nachricht(4722, 2, 1),
                                      Prog_Lncv_Nachricht(4722, 15, 1)};
@@ -312,7 +275,7 @@ TEST_F(Part2_5_NavInit, NavikModuleGetsItsAddressesAndIsClearedInOrder)
     EXPECT_TRUE(meldungen.texte.isEmpty());
 }
 
-TEST_F(Part2_5_NavInit, DoubleSensorWritesTheSecondTextAsANumber)
+TEST_F(NavInit, DoubleSensorWritesTheSecondTextAsANumber)
 {
     SimModul& modul = neuesModul(47120, 5);
     waehle(QStringLiteral("47120"));
@@ -331,7 +294,7 @@ TEST_F(Part2_5_NavInit, DoubleSensorWritesTheSecondTextAsANumber)
     EXPECT_EQ(modul.lncv(1), 5000) << "unchecked, written as it stands";
 }
 
-TEST_F(Part2_5_NavInit, Article5330GoesOnTheWireUnchanged)
+TEST_F(NavInit, Article5330GoesOnTheWireUnchanged)
 {
     SimModul& modul = neuesModul(5330, 40);
     NavInit_SenOpt_Click(form, 1);
@@ -342,7 +305,7 @@ TEST_F(Part2_5_NavInit, Article5330GoesOnTheWireUnchanged)
     EXPECT_EQ(modul.lncv(0), 41);
 }
 
-TEST_F(Part2_5_NavInit, UniversalControllerGetsOnlyAddressAndLncv1)
+TEST_F(NavInit, UniversalControllerGetsOnlyAddressAndLncv1)
 {
     SimModul& modul = neuesModul(47320, 9);
     waehle(QStringLiteral("47320"));
@@ -365,7 +328,7 @@ TEST_F(Part2_5_NavInit, UniversalControllerGetsOnlyAddressAndLncv1)
 
 // --- failures -----------------------------------------------------------------------
 
-TEST_F(Part2_5_NavInit, NoModuleAnswersGivesItsMessageAndEndsTheSession)
+TEST_F(NavInit, NoModuleAnswersGivesItsMessageAndEndsTheSession)
 {
     waehle(QStringLiteral("47230"));
     NavInit_SenOpt_Click(form, 1);
@@ -385,7 +348,7 @@ TEST_F(Part2_5_NavInit, NoModuleAnswersGivesItsMessageAndEndsTheSession)
     EXPECT_EQ(anzeige.zustaende, (std::vector<bool>{true, false}));
 }
 
-TEST_F(Part2_5_NavInit, RefusedWriteKeepsTheFirstErrAndLeavesTheModuleHalfCleared)
+TEST_F(NavInit, RefusedWriteKeepsTheFirstErrAndLeavesTheModuleHalfCleared)
 {
     SimModul& modul = neuesModul(47240, 3);
     waehle(QStringLiteral("47240"));
@@ -406,7 +369,7 @@ TEST_F(Part2_5_NavInit, RefusedWriteKeepsTheFirstErrAndLeavesTheModuleHalfCleare
     EXPECT_FALSE(form.sichtbar);
 }
 
-TEST_F(Part2_5_NavInit, PortThatDoesNotOpenEndsWithoutSending)
+TEST_F(NavInit, PortThatDoesNotOpenEndsWithoutSending)
 {
     verbindung.scheitern = true;
     NavInit_SenOpt_Click(form, 1);

@@ -1,5 +1,5 @@
 #pragma once
-// Part 2.4 test scaffold: the demo project (or an empty panel) against the
+// Programming tests: the demo project (or an empty panel) against the
 // in-process simulator on virtual time, with a recording ProgrammierAnzeige
 // whose answers the test sets, and every message on the bus kept.
 
@@ -14,7 +14,7 @@
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
 #include "tests/support/berichte.h"
-#include "tests/support/berichte.h"
+#include "tests/support/bus.h"
 
 #include <QPoint>
 #include <QStringList>
@@ -34,6 +34,24 @@ inline void PrintTo(const QStringList& l, std::ostream* os)
 }
 
 namespace planor::test {
+
+// The LNCVs a module of each kind holds, written down here rather than asked
+// of the program, so a range the program gets wrong shows as a difference.
+inline int letzteLncv(Long artikel, int version)
+{
+    switch (artikel) {
+    case 47120: case 47130: case 47190: case 47230: return 127;
+    case 47220: case 47240: return 119;
+    case 47320: case 47330: return 459;
+    case 5330: return version == 1 ? 119 : version == 2 ? 127 : -1;
+    default: return -1;
+    }
+}
+// LNCV 16 of these holds the module's own state and is never written.
+inline int nieGeschrieben(Long artikel)
+{
+    return artikel == 47220 || artikel == 5330 ? 16 : -1;
+}
 
 // What the user would have seen, in order: "info1:…", "info2:…", "frage:…",
 // "jaNein:…", "markieren:x,y", "markierungAus", "beschaeftigt:1", "fehler:title",
@@ -107,30 +125,6 @@ struct GezeichneteZellen final : Zellanzeige {
     QList<QPoint> gezeichnet;
 };
 
-// open_com over the simulator's transport, counted.
-struct SimVerbindung final : LocoNetVerbindung {
-    SimVerbindung(LocoNetLink& l, Simulator& s)
-        : link(l)
-        , sim(s)
-    {
-    }
-    void open_com(Long& err) override
-    {
-        ++geoeffnet;
-        if (!link.istOffen()) {
-            link.setzeTransport(sim.transport());
-            QString fehler;
-            err = link.transport()->oeffnen(fehler) ? 0 : 1;
-            return;
-        }
-        err = 0;
-    }
-    bool istOffen() const override { return link.istOffen(); }
-    LocoNetLink& link;
-    Simulator& sim;
-    int geoeffnet = 0;
-};
-
 struct StilleProjektAnzeige final : ProjektAnzeige {
     explicit StilleProjektAnzeige(Anlage& a)
         : anlage(a)
@@ -190,7 +184,7 @@ protected:
             for (int y = 1; y <= anlage.DimensionenY; ++y) {
                 const XY_Typ& c = anlage.XY(x, y);
                 const bool neben = (c.XY_ArtNr == 47320 || c.XY_ArtNr == 47330) && (c.XY_SenX != x || c.XY_SenY != y);
-                if (!neben && c.XY_SenStat != 2 && LetzteLncv(c.XY_ArtNr, c.XY_Version) >= 0)
+                if (!neben && c.XY_SenStat != 2 && letzteLncv(c.XY_ArtNr, c.XY_Version) >= 0)
                     z.emplace_back(x, y);
             }
         return z;
@@ -204,8 +198,8 @@ protected:
         const SimModul* m = modulVon(x, y);
         if (!m)
             return {QStringLiteral("no module for %1,%2").arg(x).arg(y)};
-        for (int i = 2; i <= LetzteLncv(z.XY_ArtNr, z.XY_Version); ++i)
-            if (i != NieGeschrieben(z.XY_ArtNr) && m->lncv(i) != Int_to_Unsig(z.XY_LNCV(i)))
+        for (int i = 2; i <= letzteLncv(z.XY_ArtNr, z.XY_Version); ++i)
+            if (i != nieGeschrieben(z.XY_ArtNr) && m->lncv(i) != Int_to_Unsig(z.XY_LNCV(i)))
                 d << QStringLiteral("(%1,%2) LNCV %3: module %4, cell %5")
                          .arg(x)
                          .arg(y)
@@ -246,7 +240,7 @@ protected:
     Meldungen meldungen;
     Simulator sim {uhr}; // wire time and reaction time on: virtual time is free
     LocoNetLink link {uhr};
-    SimVerbindung verbindung {link, sim};
+    SimVerbindung verbindung {sim, link};
     GezeichneteZellen zellen;
     AufgezeichneteAnzeige anzeige;
     Programmierumgebung u {anlage, katalog, verbindung, link, meldungen, zellen, anzeige};

@@ -89,3 +89,42 @@ private:
 };
 
 }  // namespace planor::test
+
+// open_com over the in-process simulator's transport, counted; `scheitern`
+// makes it fail as a port that cannot be opened.
+#include "loconet/link.h"
+#include "loconet/verbindung.h"
+#include "platform/sim_transport.h"
+#include "platform/simulator.h"
+
+namespace planor::test {
+
+class SimVerbindung final : public LocoNetVerbindung {
+public:
+    SimVerbindung(Simulator& sim, LocoNetLink& link) : sim_(sim), link_(link) {}
+    void open_com(Long& err) override
+    {
+        ++geoeffnet;
+        err = 0;
+        if (scheitern) {
+            err = 8002;
+            return;
+        }
+        if (link_.istOffen())
+            return;
+        link_.setzeTransport(sim_.transport());
+        QString fehler;
+        if (!link_.transport()->oeffnen(fehler))
+            err = 8002;
+    }
+    bool istOffen() const override { return link_.istOffen(); }
+
+    int geoeffnet = 0;
+    bool scheitern = false;
+
+private:
+    Simulator& sim_;
+    LocoNetLink& link_;
+};
+
+}  // namespace planor::test

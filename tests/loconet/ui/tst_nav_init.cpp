@@ -1,5 +1,5 @@
-// Part 2.5: the form Nav_Init driven through its widgets, against the
-// simulator in virtual time.
+// The form Nav_Init driven through its widgets, against the simulator in
+// virtual time: the values typed reach the module on the simulated bus.
 #include "core/fehlerbehandlung.h"
 #include "loconet/link.h"
 #include "loconet/ui/nav_init_dialog.h"
@@ -10,6 +10,7 @@
 #include "tests/support/gui_start.h"
 #include "tests/support/gui.h"
 #include "tests/support/berichte.h"
+#include "tests/support/bus.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -30,25 +31,6 @@ using namespace planor::test;
 
 namespace {
 
-class SimVerbindung final : public LocoNetVerbindung {
-public:
-    SimVerbindung(Simulator& sim, LocoNetLink& link) : sim_(sim), link_(link) {}
-    void open_com(Long& err) override
-    {
-        err = 0;
-        if (link_.istOffen())
-            return;
-        link_.setzeTransport(sim_.transport());
-        QString fehler;
-        if (!link_.transport()->oeffnen(fehler))
-            err = 8002;
-    }
-    bool istOffen() const override { return link_.istOffen(); }
-
-private:
-    Simulator& sim_;
-    LocoNetLink& link_;
-};
 
 void eintippen(QLineEdit* feld, const QString& text)
 {
@@ -102,66 +84,6 @@ private slots:
         verbindung.reset();
         sim.reset();
         uhr.reset();
-    }
-
-    void FormLoadShowsTheControlsUnderTheSpecsNames()
-    {
-        QCOMPARE(dialog->objectName(), QStringLiteral("Nav_Init"));
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("Modul initialisieren"));
-        auto* cb = w<QComboBox>("ArtNrCb");
-        QStringList liste;
-        for (int i = 0; i < cb->count(); ++i)
-            liste << cb->itemText(i);
-        QCOMPARE(liste, (QStringList{"5330", "47120", "47220", "47230", "47240", "47320", "47330"}));
-        QCOMPARE(w<QLineEdit>("Adr_Txt1")->text(), QStringLiteral("-"));
-        QCOMPARE(w<QLineEdit>("Adr_Txt2")->text(), QStringLiteral("-"));
-        QVERIFY(!w<QLineEdit>("Adr_Txt2")->isEnabled());
-        QCOMPARE(w<QGroupBox>("SensorFrame")->title(), QStringLiteral("Konfiguration der Sensoreingänge:"));
-        QVERIFY(!w<QGroupBox>("SensorFrame")->isHidden());
-        QCOMPARE(w<QRadioButton>("SenOpt(0)")->text(), QStringLiteral("zwei einzelne Sensoren"));
-        QCOMPARE(w<QRadioButton>("SenOpt(1)")->text(), QStringLiteral("ein Doppel-Sensor für Automatikfunktionen"));
-        QVERIFY(!w<QRadioButton>("SenOpt(0)")->isChecked());
-        QVERIFY(!w<QRadioButton>("SenOpt(1)")->isChecked());
-        QCOMPARE(w<QLabel>("Label4")->text(),
-                 QStringLiteral("Achtung: Es darf nur ein NAVIK oder TOBRA Modul mit dem LocoNet verbunden sein!"));
-        QVERIFY(w<QFrame>("ProzFrame"));
-        QCOMPARE(w<QProgressBar>("ProzBalken")->value(), 0);
-        QCOMPARE(w<QLabel>("ProzTxt")->text(), QStringLiteral("0%"));
-        QCOMPARE(w<QPushButton>("OK_But")->text(), QStringLiteral("Start"));
-        QCOMPARE(w<QPushButton>("Abbruch_Cmd")->text(), QStringLiteral("abbrechen"));
-    }
-
-    void UniversalControllerHidesTheSensorFrame()
-    {
-        auto* cb = w<QComboBox>("ArtNrCb");
-        emit cb->activated(5);
-        QCOMPARE(cb->currentText(), QStringLiteral("47320"));
-        QVERIFY(w<QGroupBox>("SensorFrame")->isHidden());
-        QCOMPARE(w<QLabel>("Label4")->text(),
-                 QStringLiteral("Achtung: Es darf nur eine Universalsteuerung mit dem LocoNet verbunden sein!"));
-        emit cb->activated(2);
-        QVERIFY(!w<QGroupBox>("SensorFrame")->isHidden());
-    }
-
-    void SenOpt0OffersTheSecondAddress()
-    {
-        w<QRadioButton>("SenOpt(0)")->click();
-        QVERIFY(w<QLineEdit>("Adr_Txt2")->isEnabled());
-        w<QRadioButton>("SenOpt(1)")->click();
-        QVERIFY(!w<QLineEdit>("Adr_Txt2")->isEnabled());
-    }
-
-    void WrongAddressGivesTheMessageAndTheFormStays()
-    {
-        w<QRadioButton>("SenOpt(1)")->click();
-        eintippen(w<QLineEdit>("Adr_Txt1"), QStringLiteral("4096"));
-        w<QPushButton>("OK_But")->click();
-        QCOMPARE(meldungen->texte,
-                 QStringList{QStringLiteral("Fehler|Moduladresse1, Moduladresse2 oder Konfiguration der "
-                                            "Sensoreingänge\nnicht oder nicht richtig eingestellt! Bitte ändern!")});
-        QVERIFY(fragen.isEmpty());
-        QVERIFY(dialog->isVisible());
-        QVERIFY(!link->istOffen());
     }
 
     void StartWritesTheModuleAndClosesTheForm()

@@ -1,8 +1,13 @@
-// Part 2.6: the text monitor's formatter, one row per text of the table.
+// The monitor's decoder, its view and its trace file, fed as the link feeds them.
 #include "loconet/empfang.h"
 #include "loconet/monitor_text.h"
 #include "loconet/nachricht.h"
+#include "loconet/text_monitor.h"
+#include "platform/uhr.h"
 #include "tests/support/daten.h"
+
+#include <QDir>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -14,7 +19,7 @@ using planor::test::bytes;
 
 namespace {
 
-// A message as the spec writes it, with its checksum appended.
+// A message with its checksum appended.
 QByteArray msg(std::initializer_list<int> werte)
 {
     return mitPruefsumme(bytes(werte));
@@ -87,12 +92,45 @@ TEST_P(MonitorTextTabelle, MessageGivesExactText)
     EXPECT_EQ(decode_ln_mes(z, GetParam().nachricht), GetParam().text);
 }
 
-INSTANTIATE_TEST_SUITE_P(Part26, MonitorTextTabelle, ::testing::ValuesIn(tabelle()),
+INSTANTIATE_TEST_SUITE_P(Monitortext, MonitorTextTabelle, ::testing::ValuesIn(tabelle()),
     [](const ::testing::TestParamInfo<Fall>& info) { return std::string(info.param.name); });
+
+
+class Monitor : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(ordner.isValid());
+        monitor.anschliessen(empfang);
+        monitor.geaendert = [this] { ++meldungen; };
+    }
+
+    // The running monitor, its start line gone.
+    void laufen()
+    {
+        monitor.starten();
+        ASSERT_TRUE(empfang.Monitor_Aktiv);
+    }
+
+    void traceAn()
+    {
+        QString fehler;
+        ASSERT_TRUE(monitor.btnTraceOnOff_Click(fehler)) << qPrintable(fehler);
+    }
+
+    QByteArray trace() const { return test::datei(monitor.Trace_Name()); }
+
+    TestUhr uhr {QDateTime(QDate(2026, 11, 21), QTime(14, 30, 5, 250))};
+    QTemporaryDir ordner;
+    TextMonitor monitor {uhr, ordner.path()};
+    Empfang empfang;
+    int meldungen = 0;
+};
 
 } // namespace
 
-TEST(MonitorText, SwitchQueryThenLongAckShowsTheAnswer)
+
+TEST(Monitortext, SwitchQueryThenLongAckShowsTheAnswer)
 {
     MonitorZustand z;
     EXPECT_EQ(decode_ln_mes(z, msg({0xBC, 0x00, 0x00})), QStringLiteral("Statusanfrage nach Mag.-Art. 1"));
@@ -105,8 +143,8 @@ TEST(MonitorText, SwitchQueryThenLongAckShowsTheAnswer)
     EXPECT_EQ(decode_ln_mes(z, msg({0xB4, 0x3C, 0x00})), QStringLiteral(" Antwort: rot"));
 }
 
-// Edge case: a 0xB4 without a query before it shows no line (and so no trace line).
-TEST(MonitorText, LongAckWithoutQueryShowsNothing)
+// A 0xB4 without a query before it shows no line (and so no trace line).
+TEST(Monitortext, LongAckWithoutQueryShowsNothing)
 {
     MonitorZustand z;
     const QString text = decode_ln_mes(z, msg({0xB4, 0x3C, 0x20}));
@@ -115,8 +153,8 @@ TEST(MonitorText, LongAckWithoutQueryShowsNothing)
     EXPECT_EQ(z.Letzte_Anfrage, 0);
 }
 
-// Edge case: after 0xBC and a 0xB4 with b1 other than 60, Letzte_Anfrage is 0 and nothing shows.
-TEST(MonitorText, LongAckForAnotherOpcodeClearsTheQuery)
+// After 0xBC and a 0xB4 with b1 other than 60, Letzte_Anfrage is 0 and nothing shows.
+TEST(Monitortext, LongAckForAnotherOpcodeClearsTheQuery)
 {
     MonitorZustand z;
     decode_ln_mes(z, msg({0xBC, 0x00, 0x00}));
@@ -126,7 +164,7 @@ TEST(MonitorText, LongAckForAnotherOpcodeClearsTheQuery)
 }
 
 // Slot_Tab: an 0xE7 fills rows 0 to 12 of its slot; later 0xA0/A1/A2 for it show the address.
-TEST(MonitorText, SlotDataGivesTheLocomotiveAddress)
+TEST(Monitortext, SlotDataGivesTheLocomotiveAddress)
 {
     MonitorZustand z;
     decode_ln_mes(z, msg({0xE7, 0x0E, 0x10, 0x03, 0x05, 0x20, 0x21, 0x00, 0x00, 0x01, 0x03, 0x00, 0x00}));
@@ -148,7 +186,7 @@ TEST(MonitorText, SlotDataGivesTheLocomotiveAddress)
 
 // Failure handling: a bad (short) message produces text from what it holds;
 // missing bytes read as 0.
-TEST(MonitorText, ShortSlotDataReadsMissingBytesAsZero)
+TEST(Monitortext, ShortSlotDataReadsMissingBytesAsZero)
 {
     MonitorZustand z;
     EXPECT_EQ(
@@ -156,7 +194,7 @@ TEST(MonitorText, ShortSlotDataReadsMissingBytesAsZero)
     EXPECT_EQ(decode_ln_mes(z, QByteArray()), QString());
 }
 
-TEST(MonitorText, HexOutputShowsAllBytesButTheChecksum)
+TEST(Monitortext, HexOutputShowsAllBytesButTheChecksum)
 {
     MonitorZustand z;
     z.Hex_Ausgabe = true;
@@ -166,8 +204,8 @@ TEST(MonitorText, HexOutputShowsAllBytesButTheChecksum)
     EXPECT_EQ(decode_ln_mes(z, msg({0xE5, 0x05, 0x01, 0x0A})), QStringLiteral("E5 05 01 0A "));
 }
 
-// Edge case: with Hex_Ausgabe the text table is not used, nor its side effects.
-TEST(MonitorText, HexOutputBypassesTheTable)
+// With Hex_Ausgabe the text table is not used, nor its side effects.
+TEST(Monitortext, HexOutputBypassesTheTable)
 {
     MonitorZustand z;
     z.Hex_Ausgabe = true;
@@ -177,7 +215,7 @@ TEST(MonitorText, HexOutputBypassesTheTable)
     EXPECT_EQ(decode_ln_mes(z, msg({0x81})), QStringLiteral("81 "));
     decode_ln_mes(z, msg({0xE7, 0x0E, 0x10, 0x03, 0x05, 0x20, 0x21, 0x00, 0x00, 0x01, 0x03, 0x00, 0x00}));
     EXPECT_EQ(z.Lokadresse(16), 0);
-    // A long hex line is appended whole (step 2), not cut at 80 columns.
+    // A long hex line is appended whole, not cut at 80 columns.
     QByteArray lang = bytes({0xE5, 0x1E});
     lang.append(QByteArray(28, '\x01'));
     const QString text = decode_ln_mes(z, lang);
@@ -185,7 +223,7 @@ TEST(MonitorText, HexOutputBypassesTheTable)
     EXPECT_EQ(MonitorZeilen(true, text), QStringList {text});
 }
 
-TEST(MonitorText, AsciiHexShowsUnknownOpcodesInHex)
+TEST(Monitortext, AsciiHexShowsUnknownOpcodesInHex)
 {
     MonitorZustand z;
     z.Ascii_Hex = true;
@@ -198,8 +236,8 @@ TEST(MonitorText, AsciiHexShowsUnknownOpcodesInHex)
     EXPECT_EQ(decode_ln_mes(z, msg({0xE4, 0x09, 0x00})), QString());
 }
 
-// Edge case: with both options off an unknown opcode leaves no line.
-TEST(MonitorText, UnknownOpcodeWithBothOptionsOffLeavesNoLine)
+// With both options off an unknown opcode leaves no line.
+TEST(Monitortext, UnknownOpcodeWithBothOptionsOffLeavesNoLine)
 {
     MonitorZustand z;
     for (int opcode : {0x80, 0x85, 0xA3, 0xB1, 0xB5, 0xBA, 0xBD, 0xC0, 0xE0, 0xE5, 0xE6, 0xED, 0xEF, 0xFF}) {
@@ -209,8 +247,8 @@ TEST(MonitorText, UnknownOpcodeWithBothOptionsOffLeavesNoLine)
     }
 }
 
-// Edge case: an 85-character text gives two lines.
-TEST(MonitorText, LongTextIsCutAt80Columns)
+// An 85-character text gives two lines.
+TEST(Monitortext, LongTextIsCutAt80Columns)
 {
     const QString text = QString(80, u'a') + QString(5, u'b');
     EXPECT_EQ(ZeilenUmbruch(text), (QStringList {QString(80, u'a'), QString(5, u'b')}));
@@ -231,35 +269,160 @@ TEST(MonitorText, LongTextIsCutAt80Columns)
     EXPECT_EQ(zeilen[1].size(), 5 + 29 * 3 - 80);
 }
 
-TEST(MonitorText, ViewIsCappedAt5000KeepingTheLast4900)
+TEST_F(Monitor, StartStopTogglesCaptionLineAndTheFraming)
 {
-    const QString genau = QString(5000, u'x');
-    EXPECT_EQ(MonitorKappen(genau), genau);
-    const QString zuviel = QString(101, u'a') + QString(4900, u'b');
-    EXPECT_EQ(MonitorKappen(zuviel), QString(4900, u'b'));
-    EXPECT_EQ(MonitorKappen(QString()), QString());
+    monitor.cmdStartStop_Click();
+    EXPECT_TRUE(monitor.Monitor_Aktiv());
+    EXPECT_TRUE(empfang.Monitor_Aktiv);
+    EXPECT_EQ(monitor.cmdStartStopText(), QStringLiteral("Stop"));
+    EXPECT_EQ(monitor.ansicht(), QStringLiteral(" START: Monitor läuft!\n"));
+
+    monitor.cmdStartStop_Click();
+    EXPECT_FALSE(monitor.Monitor_Aktiv());
+    EXPECT_FALSE(empfang.Monitor_Aktiv);
+    EXPECT_EQ(monitor.cmdStartStopText(), QStringLiteral("Start"));
+    EXPECT_EQ(monitor.ansicht(), QStringLiteral(" START: Monitor läuft!\n STOP: Monitor angehalten!\n"));
+    EXPECT_EQ(monitor.Zeilen(), 2);
+    EXPECT_EQ(meldungen, 2);
 }
 
-TEST(MonitorText, TraceLineHasSecondsWithADecimalComma)
+TEST_F(Monitor, MessagesThroughTheFramingAppendTheirLines)
 {
-    EXPECT_EQ(TraceZeile(QTime(0, 0), QStringLiteral("x")), QStringLiteral("000000,000 - x"));
-    EXPECT_EQ(TraceZeile(QTime(13, 39, 36, 250), QStringLiteral("Gleisspannung eingeschaltet")),
-        QStringLiteral("049176,250 - Gleisspannung eingeschaltet"));
-    EXPECT_EQ(TraceZeile(QTime(23, 59, 59, 999), QStringLiteral(" START: Monitor läuft!")),
-        QStringLiteral("086399,999 -  START: Monitor läuft!"));
-    EXPECT_EQ(TraceZeile(QTime(0, 0, 1, 5), QStringLiteral("%1")), QStringLiteral("000001,005 - %1"));
+    laufen();
+    // A message split across reads, and a stray data byte before it.
+    empfang.bytes(bytes({0x12}));
+    const QByteArray weiche = msg({0xB0, 0x04, 0x30});
+    empfang.bytes(weiche.left(2));
+    EXPECT_EQ(monitor.ansicht(), QString());
+    empfang.bytes(weiche.mid(2));
+    empfang.bytes(msg({0x82}));
+    EXPECT_EQ(monitor.ansicht(), QStringLiteral("Mag.-Art.: 5 - grün - ein \nGleisspannung ausgeschaltet\n"));
+    EXPECT_EQ(monitor.Zeilen(), 2);
 }
 
-// The monitor framing of Part 2.2 delivers whole messages to the formatter.
-TEST(MonitorText, MonitorFramingFeedsTheFormatter)
+// More than 5000 characters keep the last 4900, and Zeilen starts over.
+TEST_F(Monitor, ViewIsCappedBeforeTheNextMessage)
 {
-    MonitorZustand z;
-    QStringList texte;
-    Empfang e;
-    e.Monitor_Aktiv = true;
-    e.decode_ln_mes = [&](const QByteArray& n) { texte.append(decode_ln_mes(z, n)); };
-    e.bytes(msg({0xBC, 0x00, 0x00}) + msg({0xB4, 0x3C, 0x20}) + msg({0x83}));
-    EXPECT_EQ(texte,
-        (QStringList {QStringLiteral("Statusanfrage nach Mag.-Art. 1"), QStringLiteral(" Antwort: grün"),
-            QStringLiteral("Gleisspannung eingeschaltet")}));
+    laufen();
+    const QByteArray an = msg({0x83}); // "Gleisspannung eingeschaltet\n": 28 characters
+    while (monitor.ansicht().size() <= MonitorHoechstZeichen)
+        empfang.bytes(an);
+    const QString vorher = monitor.ansicht();
+    const int schnitte = monitor.schnitte();
+    EXPECT_GT(monitor.Zeilen(), 100);
+
+    empfang.bytes(msg({0x82}));
+    EXPECT_EQ(monitor.schnitte(), schnitte + 1);
+    EXPECT_EQ(
+        monitor.ansicht(), vorher.right(MonitorBehalteneZeichen) + QStringLiteral("Gleisspannung ausgeschaltet\n"));
+    EXPECT_EQ(monitor.Zeilen(), 1);
+    // A message with no text cuts all the same.
+    while (monitor.ansicht().size() <= MonitorHoechstZeichen)
+        empfang.bytes(an);
+    empfang.bytes(msg({0x81}));
+    EXPECT_EQ(monitor.ansicht().size(), MonitorBehalteneZeichen);
+    EXPECT_EQ(monitor.Zeilen(), 0);
+}
+
+TEST_F(Monitor, TraceGetsStartStopAndMessagesInWindows1252)
+{
+    traceAn();
+    const QString pfad = QDir(ordner.path()).filePath(QStringLiteral("21.11.2026__14_30_05.txt"));
+    EXPECT_EQ(monitor.Trace_Name(), pfad);
+    EXPECT_TRUE(monitor.Trace_Aktiv());
+    EXPECT_EQ(monitor.status(), QStringLiteral("Speichern: ") + pfad);
+    EXPECT_EQ(monitor.btnTraceOnOffText(), QStringLiteral("Speichern aus"));
+
+    monitor.cmdStartStop_Click();
+    uhr.weiter(1500);
+    empfang.bytes(msg({0xB2, 0x02, 0x10}));
+    // A text longer than 80 characters is one line in the trace.
+    monitor.zustand().Ascii_Hex = true;
+    QByteArray lang = bytes({0xEF, 28});
+    lang.append(25, '\x11');
+    empfang.bytes(mitPruefsumme(lang));
+    monitor.cmdStartStop_Click();
+    // Stopped, the monitor writes no more.
+    empfang.bytes(msg({0x83}));
+
+    QString fehler;
+    ASSERT_TRUE(monitor.btnTraceOnOff_Click(fehler));
+    EXPECT_FALSE(monitor.Trace_Aktiv());
+    EXPECT_EQ(monitor.status(), QStringLiteral("Gespeichert unter: ") + pfad);
+    EXPECT_EQ(monitor.btnTraceOnOffText(), QStringLiteral("Verlauf speichern"));
+    // After the trace is off, nothing more goes to it.
+    monitor.cmdStartStop_Click();
+
+    const QByteArray hex = "HEX: EF 1C " + QByteArray("11 ").repeated(25);
+    EXPECT_EQ(test::datei(pfad),
+        QByteArray("052205,250 -  START: Monitor l\xe4uft!\r\n"
+                   "052206,750 - R\xfc"
+                   "ckmelder 5 = belegt\r\n"
+                   "052206,750 - ")
+            + hex + "\r\n052206,750 -  STOP: Monitor angehalten!\r\n");
+}
+
+TEST_F(Monitor, TraceThatCannotBeOpenedIsUndoneWithTheReason)
+{
+    TextMonitor ohneOrdner(uhr, ordner.filePath(QStringLiteral("fehlt/auch")));
+    QString fehler;
+    EXPECT_FALSE(ohneOrdner.btnTraceOnOff_Click(fehler));
+    EXPECT_TRUE(fehler.startsWith(QStringLiteral("Die Datei \""))) << qPrintable(fehler);
+    EXPECT_TRUE(fehler.contains(QStringLiteral("kann nicht geschrieben werden"))) << qPrintable(fehler);
+    EXPECT_FALSE(ohneOrdner.Trace_Aktiv());
+    EXPECT_EQ(ohneOrdner.btnTraceOnOffText(), QStringLiteral("Verlauf speichern"));
+    EXPECT_EQ(ohneOrdner.status(), QString());
+}
+
+// State and lifecycle: Slot_Tab fills only while the monitor runs.
+TEST_F(Monitor, SlotTableFillsOnlyWhileRunning)
+{
+    const QByteArray slot5 = msg({0xE7, 0x0E, 0x05, 0x00, 0x22, 0x10, 0x00, 0x00, 0x00, 0x01, 0x00, 0x00, 0x00});
+    empfang.bytes(slot5);
+    EXPECT_EQ(monitor.zustand().Lokadresse(5), 0);
+    empfang.bytes(msg({0xA0, 0x05, 0x20}));
+    EXPECT_EQ(monitor.ansicht(), QString());
+
+    laufen();
+    empfang.bytes(msg({0xA0, 0x05, 0x20}));
+    empfang.bytes(slot5);
+    EXPECT_EQ(monitor.zustand().Lokadresse(5), 162);
+    empfang.bytes(msg({0xA0, 0x05, 0x20}));
+    EXPECT_EQ(monitor.ansicht(),
+        QStringLiteral("Lok 0 = Geschw. 32\n"
+                       "Slot  5 = Lokadr. 162, Geschw. 16 ,vorwärts \n"
+                       "Lok 162 = Geschw. 32\n"));
+}
+
+TEST_F(Monitor, ClearEmptiesTheViewOnly)
+{
+    laufen();
+    empfang.bytes(msg({0xBC, 0x04, 0x00}));
+    const int schnitte = monitor.schnitte();
+    monitor.btnClear_Click();
+    EXPECT_EQ(monitor.ansicht(), QString());
+    EXPECT_EQ(monitor.Zeilen(), 0);
+    EXPECT_EQ(monitor.schnitte(), schnitte + 1);
+    EXPECT_TRUE(monitor.Monitor_Aktiv());
+    EXPECT_EQ(monitor.zustand().Letzte_Anfrage, AnfrageMagStatus);
+}
+
+TEST_F(Monitor, CancelClearsTheMonitorsStateButKeepsTheOptions)
+{
+    laufen();
+    traceAn();
+    monitor.zustand().Ascii_Hex = true;
+    empfang.bytes(msg({0xE7, 0x0E, 0x05, 0x00, 0x22, 0x10, 0x00, 0x00, 0x00, 0x01, 0x00, 0x00, 0x00}));
+    empfang.bytes(msg({0xBC, 0x04, 0x00}));
+    monitor.btnCancel_Click();
+    EXPECT_FALSE(monitor.Monitor_Aktiv());
+    EXPECT_FALSE(empfang.Monitor_Aktiv);
+    EXPECT_EQ(monitor.ansicht(), QString());
+    EXPECT_EQ(monitor.zustand().Lokadresse(5), 0);
+    EXPECT_EQ(monitor.zustand().Letzte_Anfrage, 0);
+    EXPECT_TRUE(monitor.zustand().Ascii_Hex);
+    EXPECT_FALSE(monitor.Trace_Aktiv());
+    EXPECT_TRUE(monitor.status().startsWith(QStringLiteral("Gespeichert unter: ")));
+    empfang.bytes(msg({0x83}));
+    EXPECT_EQ(monitor.ansicht(), QString());
 }
