@@ -17,6 +17,8 @@ QString Fehlerbeschreibung(int nummer)
         return QStringLiteral("Typen unverträglich");
     case Fehlernummer::DateiNichtGefunden:
         return QStringLiteral("Datei nicht gefunden");
+    case Fehlernummer::GeraeteEA:
+        return QStringLiteral("Geräte-E/A-Fehler");
     case Fehlernummer::EinlesenHinterDateiende:
         return QStringLiteral("Einlesen hinter Dateiende");
     case Fehlernummer::PfadDateiZugriff:

@@ -17,6 +17,7 @@ enum class Fehlernummer : int {
     IndexAusserhalb = 9,       // "Index außerhalb des gültigen Bereichs"
     TypenUnvertraeglich = 13,  // "Typen unverträglich"
     DateiNichtGefunden = 53,   // "Datei nicht gefunden"
+    GeraeteEA = 57,            // "Geräte-E/A-Fehler"
     EinlesenHinterDateiende = 62,  // "Einlesen hinter Dateiende"
     PfadDateiZugriff = 75,     // "Fehler beim Zugriff auf Pfad/Datei"
 };

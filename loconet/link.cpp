@@ -1,5 +1,6 @@
 #include "loconet/link.h"
 
+#include "core/fehlerbehandlung.h"
 #include "loconet/nachricht.h"
 #include "platform/transport.h"
 #include "platform/uhr.h"
@@ -29,10 +30,21 @@ bool LocoNetLink::istOffen() const
     return transport_ && transport_->istOffen();
 }
 
-void LocoNetLink::schliessen()
+bool LocoNetLink::schliessen()
 {
-    if (transport_)
-        transport_->schliessen();
+    if (!transport_)
+        return true;
+    // A Prog_Off still waiting would leave the module in its programming
+    // session, and some modules keep written values only when that ends.
+    const auto gesendet = [this] { return !transport_->istOffen() || transport_->ausgangLeer(); };
+    const bool leer = gesendet() || uhr_.warten(SendeGrenze, gesendet);
+    transport_->schliessen();
+    if (!leer)
+        Fehlerbehandlung(QStringLiteral("LocoNet : schliessen"),
+                         Laufzeitfehler(int(Fehlernummer::GeraeteEA),
+                                        QStringLiteral("Nachrichten an den Bus konnten vor dem Schließen der "
+                                                       "Verbindung nicht mehr gesendet werden")));
+    return leer;
 }
 
 void LocoNetLink::eingangVerwerfen()

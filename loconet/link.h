@@ -31,7 +31,9 @@ public:
     void setzeTransport(std::unique_ptr<Transport> transport);
     Transport* transport() const { return transport_.get(); }
     bool istOffen() const;
-    void schliessen();
+    // Closes the transport once what was handed over has gone out, waiting
+    // at most `SendeGrenze`; false, after a report, when some of it had not.
+    bool schliessen();
 
     // With the command-station kind every byte waits for CTS.
     bool ctsBeachten = false;

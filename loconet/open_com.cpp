@@ -40,17 +40,21 @@ Schnittstelle::Schnittstelle(const Einstellungen& einstellungen, Uhr& uhr, Benut
     QObject::connect(&link_, &LocoNetLink::verloren, &link_, [this](const QString& grund) { anzeigen(2, grund); });
 }
 
-Schnittstelle::~Schnittstelle() = default;
+Schnittstelle::~Schnittstelle()
+{
+    if (istOffen())
+        schliessen();
+}
 
 bool Schnittstelle::istOffen() const
 {
     return link_.istOffen();
 }
 
-void Schnittstelle::schliessen()
+bool Schnittstelle::schliessen()
 {
     link_.umleitung = nullptr;
-    link_.schliessen();
+    return link_.schliessen();
 }
 
 void Schnittstelle::anzeigen(int feld, const QString& text)

@@ -66,8 +66,9 @@ public:
 
     void open_com(Long& err) override;
     bool istOffen() const override;
-    // ComPortForm's OK, the end of the program, the Parts that stop the monitor.
-    void schliessen();
+    // ComPortForm's OK, the end of a bus job, the views that stop the monitor
+    // and the end of the program; false when messages could not go out first.
+    bool schliessen();
 
     LocoNetLink& link() { return link_; }
 

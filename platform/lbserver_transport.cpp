@@ -157,6 +157,11 @@ void LbServerTransport::ausgangVerwerfen()
     teil_.clear();
 }
 
+bool LbServerTransport::ausgangLeer() const
+{
+    return warteschlange_.empty() && !unterwegs_ && socket_.bytesToWrite() == 0;
+}
+
 void LbServerTransport::naechsteSenden()
 {
     if (unterwegs_ || warteschlange_.empty() || !istOffen())

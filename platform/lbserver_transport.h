@@ -60,6 +60,7 @@ public:
     bool istOffen() const override;
     bool schreiben(const QByteArray& bytes) override;
     void ausgangVerwerfen() override;
+    bool ausgangLeer() const override;
 
     void setzeSentGrenze(double sekunden) { sentGrenze_ = sekunden; }
     // The server's VERSION line, without its token.

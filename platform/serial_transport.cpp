@@ -264,6 +264,11 @@ void SerialTransport::ausgangVerwerfen()
         port_.clear(QSerialPort::Output);
 }
 
+bool SerialTransport::ausgangLeer() const
+{
+    return !port_.isOpen() || port_.bytesToWrite() == 0;
+}
+
 bool SerialTransport::cts() const
 {
     if (!port_.isOpen())

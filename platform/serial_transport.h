@@ -74,6 +74,7 @@ public:
     bool schreiben(const QByteArray& bytes) override;
     void eingangVerwerfen() override;
     void ausgangVerwerfen() override;
+    bool ausgangLeer() const override;
     // CTS of the line; a port that has no modem lines counts as CTS high.
     bool cts() const override;
     void setzeBreak(bool an) override;

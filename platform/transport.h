@@ -20,6 +20,8 @@ public:
 
     // Opens the transport; false with a German reason for the user.
     virtual bool oeffnen(QString& fehler) = 0;
+    // Closes at once; what has not gone out yet is dropped (the link waits
+    // for `ausgangLeer` first).
     virtual void schliessen() = 0;
     virtual bool istOffen() const = 0;
 
@@ -30,6 +32,9 @@ public:
     // Drops what has arrived but not yet been announced, and what waits to go out.
     virtual void eingangVerwerfen() {}
     virtual void ausgangVerwerfen() {}
+    // Everything handed to `schreiben` has left the program: passed to the
+    // line, or confirmed by the server.
+    virtual bool ausgangLeer() const { return true; }
 
     // Line state and controls of a serial port; other kinds have none.
     virtual bool cts() const { return true; }

@@ -118,9 +118,10 @@ int init(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
     Long code = 0;
     const NavInitErgebnis ergebnis =
         NavInit_OK_But_Click(a.form, schnittstelle, schnittstelle.link(), benutzer, anzeige, &code);
-    // The menu frame's part: the port is closed after the form.
-    schnittstelle.schliessen();
-    if (ergebnis != NavInitErgebnis::Geschrieben)
+    // The menu frame's part: the port is closed after the form. A module
+    // whose Prog_Off did not go out may not have kept its new values.
+    const bool gesendet = schnittstelle.schliessen();
+    if (ergebnis != NavInitErgebnis::Geschrieben || !gesendet)
         return Fehler;
     anzeige.zeile(QStringLiteral("Modul initialisiert."));
     return Erfolg;

@@ -103,12 +103,12 @@ int lncv(const QStringList& argumente, std::FILE* aus, std::FILE* fehler)
         if (err == ProgOK && !a.schreiben)
             std::fprintf(aus, "%d\n", int(wert));
     }
-    schnittstelle.schliessen();
+    const bool gesendet = schnittstelle.schliessen();
     if (err != ProgOK) {
         std::fputs(qPrintable(ProgFehlerText(err) + u'\n'), fehler);
         return Fehler;
     }
-    return Erfolg;
+    return gesendet ? Erfolg : Fehler;
 }
 
 }  // namespace planor::cli

@@ -210,7 +210,7 @@ int bulk(const QStringList& argumente, std::FILE* aus, std::FILE* fehler, bool a
         gut = a.zelle ? Read_einzeln(u) : Read_all(u);
     else
         gut = a.zelle ? Prog_einzeln(u) : Prog_all(u);
-    schnittstelle.schliessen();
+    const bool gesendet = schnittstelle.schliessen();
 
     if (a.speichern) {
         if (!gut) {
@@ -220,7 +220,7 @@ int bulk(const QStringList& argumente, std::FILE* aus, std::FILE* fehler, bool a
         if (!projekt.speichernNach(QFileInfo(a.projekt).absolutePath()))
             return Fehler;
     }
-    return gut ? Erfolg : Fehler;
+    return gut && gesendet ? Erfolg : Fehler;
 }
 
 } // namespace
