@@ -57,15 +57,23 @@ TEST(LncvInitBefehl, InitTalksToTheUserAndShowsProgress)
     EXPECT_EQ(z.last(), QStringLiteral("Modul initialisiert."));
 }
 
-TEST(LncvInitBefehl, LncvReadsThroughAPseudoTerminalAndThroughTcp)
+// Each call ends its module's programming session on the wire before it closes the port: some
+// modules keep written values only when the session ends.
+TEST(LncvInitBefehl, SessionsEndOnTheWireThroughAPseudoTerminalAndThroughTcp)
 {
-    Bus bus("--module 47220:12");
-    for (const QString& port : {seriell(bus.pty), QStringLiteral("tcp:127.0.0.1:") + bus.tcp}) {
+    for (const bool tcp : {false, true}) {
+        Bus bus("--monitor --module 47220:12");
+        const QString port = tcp ? QStringLiteral("tcp:127.0.0.1:") + bus.tcp : seriell(bus.pty);
         SCOPED_TRACE(port.toStdString());
-        const Lauf l = planorCli(QStringLiteral("lncv"),
-                                 argumente("read --article 47220 --address 12 --lncv 0 --port") << port);
-        EXPECT_EQ(l.status, 0) << l.fehler.toStdString();
-        EXPECT_EQ(l.aus, QStringLiteral("12\n"));
+        for (const char* aufruf : {"lncv read --article 47220 --address 12 --lncv 0",
+                                   "lncv write --article 47220 --address 12 --lncv 2 --value 1",
+                                   "init --article 47220 --address 30 --address2 31 --sensors single"}) {
+            QStringList a = argumente(aufruf) << QStringLiteral("--port") << port;
+            const Lauf l = planorCli(a.takeFirst(), a);
+            EXPECT_EQ(l.status, 0) << aufruf << l.fehler.toStdString();
+            EXPECT_TRUE(!a.contains(QStringLiteral("read")) || l.aus == QStringLiteral("12\n")) << l.aus.toStdString();
+            EXPECT_FALSE(bus.sim.zeile(QStringLiteral("BUS E5 0F 08 05 00 21 ")).isEmpty()) << aufruf << ": Prog_Off";
+        }
     }
 }
 
