@@ -2,6 +2,7 @@
 #include "loconet/link.h"
 
 #include "loconet/nachricht.h"
+#include "tests/support/berichte.h"
 #include "tests/support/bus.h"
 #include "tests/support/daten.h"
 
@@ -66,4 +67,25 @@ TEST_F(Link, ReceivedBytesReachTheReceptionTable)
     transport->senden(QByteArray("\xB4\x6D\x7F\x5B", 4), 0.1);
     EXPECT_TRUE(uhr.warten(0.5, [&] { return link.empfang().da(ZeileLongAck, 0xB4); }));
     EXPECT_NEAR(uhr.sekunden(), 0.1, 1e-9);
+}
+
+// Output still on its way holds the close back, at most 5 s; what is left then is reported.
+TEST_F(Link, ClosingWaitsUntilTheOutputHasGone)
+{
+    GesammelteBerichte berichte;
+    QTemporaryDir ordner;
+    FehlerbehandlungEinrichten({ordner.filePath(QStringLiteral("Fehler.log")), &uhr, &berichte});
+    for (const double gegangen : {1.0, 6.0}) {
+        const double t0 = uhr.sekunden();
+        transport->offen = true;
+        transport->leer = false;
+        uhr.nach(gegangen, [&] { transport->leer = true; });
+        EXPECT_EQ(link.schliessen(), gegangen < 5);
+        EXPECT_DOUBLE_EQ(uhr.sekunden() - t0, std::min(gegangen, 5.0));
+        EXPECT_FALSE(transport->offen);
+        uhr.weiter(2000);
+    }
+    ASSERT_EQ(berichte.texte.size(), 1);
+    EXPECT_TRUE(berichte.texte[0].contains(QStringLiteral("Fehlernummer: 57 -> Nachrichten an den Bus konnten vor "
+                                                          "dem Schließen der Verbindung nicht mehr gesendet werden")));
 }

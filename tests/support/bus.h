@@ -27,6 +27,7 @@ public:
         offen = false;
     }
     bool istOffen() const override { return offen; }
+    bool ausgangLeer() const override { return leer; }
     bool cts() const override { return ctsHoch; }
     void setzeBreak(bool an) override
     {
@@ -68,6 +69,7 @@ public:
     }
 
     bool offen = true;
+    bool leer = true;  // everything written has gone out
     bool ctsHoch = true;
     bool echo = false;
     int verworfen = 0;
