@@ -94,27 +94,15 @@ std::string m(const QByteArray& n) { return h(mitPruefsumme(n)); }
 
 }  // namespace
 
-// --- the form ----------------------------------------------------------------
-
-TEST_F(NavInit, FormLoadFillsTheListAndTheFields)
+TEST_F(NavInit, TheFormFollowsArticleAndSensorChoice)
 {
     EXPECT_EQ(form.artikelListe, (QStringList{"5330", "47120", "47220", "47230", "47240", "47320", "47330"}));
-    EXPECT_EQ(form.artikelIndex, 0);
-    EXPECT_EQ(form.adr1, QStringLiteral("-"));
-    EXPECT_EQ(form.adr2, QStringLiteral("-"));
-    EXPECT_EQ(form.prozTxt, QStringLiteral("0%"));
-    EXPECT_EQ(form.senOpt, -1);
-    EXPECT_TRUE(form.sensorFrameSichtbar);
-    EXPECT_FALSE(form.adr2Aktiv);
-    EXPECT_TRUE(form.knoepfeAktiv);
-    EXPECT_TRUE(form.sichtbar);
-    EXPECT_EQ(form.warnung,
+    EXPECT_EQ(std::tuple(form.artikelIndex, form.adr1, form.adr2, form.prozTxt, form.senOpt),
+              std::tuple(0, QStringLiteral("-"), QStringLiteral("-"), QStringLiteral("0%"), -1));
+    EXPECT_TRUE(form.sensorFrameSichtbar && !form.adr2Aktiv && form.knoepfeAktiv && form.sichtbar);
+    EXPECT_EQ(form.warnung, WarnungNavikTobra);
+    EXPECT_EQ(WarnungNavikTobra,
               QStringLiteral("Achtung: Es darf nur ein NAVIK oder TOBRA Modul mit dem LocoNet verbunden sein!"));
-    EXPECT_EQ(NavInitTitel, QStringLiteral("Modul initialisieren"));
-}
-
-TEST_F(NavInit, UniversalControllersHideTheSensorFrameAndSwitchTheWarning)
-{
     for (const char* a : {"47320", "47330"}) {
         waehle(QString::fromLatin1(a));
         EXPECT_FALSE(form.sensorFrameSichtbar) << a;
@@ -124,10 +112,7 @@ TEST_F(NavInit, UniversalControllersHideTheSensorFrameAndSwitchTheWarning)
     waehle(QStringLiteral("47240"));
     EXPECT_TRUE(form.sensorFrameSichtbar);
     EXPECT_EQ(form.warnung, WarnungNavikTobra);
-}
-
-TEST_F(NavInit, SecondAddressIsOfferedOnlyWithTwoSingleSensors)
-{
+    // The second address is offered only with two single sensors.
     NavInit_SenOpt_Click(form, 0);
     EXPECT_TRUE(form.adr2Aktiv);
     NavInit_SenOpt_Click(form, 1);
@@ -135,34 +120,14 @@ TEST_F(NavInit, SecondAddressIsOfferedOnlyWithTwoSingleSensors)
     NavInit_SenOpt_Click(form, 0);
     NavInit_Form_Activate(form);
     EXPECT_TRUE(form.adr2Aktiv);
-}
-
-TEST_F(NavInit, AbbruchHidesTheFormWithNoEffect)
-{
     NavInit_Abbruch_Cmd_Click(form);
     EXPECT_FALSE(form.sichtbar);
     EXPECT_EQ(verbindung.geoeffnet, 0);
-    EXPECT_TRUE(gesendet.empty());
-}
-
-// --- the checks --------------------------------------------------------
-
-TEST_F(NavInit, Address4096IsRefused4095Accepted)
-{
-    NavInit_SenOpt_Click(form, 1);
-    form.adr1 = QStringLiteral("4096");
-    EXPECT_FALSE(NavInitEingabeGueltig(form));
-    EXPECT_EQ(start(), NavInitErgebnis::EingabeFalsch);
-    EXPECT_EQ(meldungen.texte, QStringList{EingabeFehler});
-    EXPECT_EQ(meldungen.symbole, std::vector<Symbol>{Symbol::Kritisch});
-    EXPECT_TRUE(anzeige.fragen.isEmpty());
-    EXPECT_TRUE(form.sichtbar) << "the dialog stays";
-    EXPECT_EQ(verbindung.geoeffnet, 0);
-    EXPECT_TRUE(gesendet.empty());
 }
 
 // Which inputs pass: the sensor option (-1: none chosen), the article and both
 // address fields. The second address counts only for two single sensors.
+// A refused input ends with the message; the dialog stays and the bus is left alone.
 TEST_F(NavInit, InputChecks)
 {
     struct Zeile {
@@ -172,18 +137,11 @@ TEST_F(NavInit, InputChecks)
         bool gueltig;
     };
     const Zeile zeilen[] = {
-        {nullptr, 1, "4095", "", true},
-        {nullptr, 1, "1", "", true},
-        {nullptr, 1, "0", "", false},
-        {nullptr, 1, "-", "", false},
-        {nullptr, 1, "10", "99999", true},
-        {nullptr, 0, "10", "-", false},
-        {nullptr, 0, "10", "4096", false},
-        {nullptr, 0, "10", "4095", true},
-        {nullptr, -1, "10", "11", false},
-        {"47320", -1, "4095", "", true},
-        {"47320", 0, "4095", "-", true},
-        {"47320", 0, "4096", "", false},
+        {nullptr, 1, "4095", "", true},    {nullptr, 1, "1", "", true},        {nullptr, 1, "0", "", false},
+        {nullptr, 1, "-", "", false},      {nullptr, 1, "10", "99999", true},  {nullptr, 0, "10", "-", false},
+        {nullptr, 0, "10", "4096", false}, {nullptr, 0, "10", "4095", true},   {nullptr, -1, "10", "11", false},
+        {"47320", -1, "4095", "", true},   {"47320", 0, "4095", "-", true},    {"47320", 0, "4096", "", false},
+        {nullptr, 1, "4096", "", false},
     };
     for (const Zeile& z : zeilen) {
         SCOPED_TRACE(std::string(z.artikel ? z.artikel : "-") + " " + std::to_string(z.senOpt) + " " + z.adr1 + " "
@@ -198,27 +156,15 @@ TEST_F(NavInit, InputChecks)
         form.adr2 = QString::fromLatin1(z.adr2);
         EXPECT_EQ(NavInitEingabeGueltig(form), z.gueltig);
     }
-}
-
-// --- the question -------------------------------------------------------
-
-TEST_F(NavInit, AnsweringNoSendsNothing)
-{
-    sim.modulHinzufuegen({47220, 12});
-    waehle(QStringLiteral("47220"));
-    NavInit_SenOpt_Click(form, 1);
-    form.adr1 = QStringLiteral("10");
-    anzeige.antwort = false;
-    EXPECT_EQ(start(), NavInitErgebnis::Verneint);
-    EXPECT_EQ(anzeige.fragen, QStringList{Frage});
-    EXPECT_FALSE(form.sichtbar) << "no ends with the dialog closed";
+    meldungen = {};
+    EXPECT_EQ(start(), NavInitErgebnis::EingabeFalsch);
+    EXPECT_EQ(meldungen.texte, QStringList{EingabeFehler});
+    EXPECT_EQ(meldungen.symbole, std::vector<Symbol>{Symbol::Kritisch});
+    EXPECT_TRUE(anzeige.fragen.isEmpty());
+    EXPECT_TRUE(form.sichtbar);
     EXPECT_EQ(verbindung.geoeffnet, 0);
-    uhr.weiter(1000);
     EXPECT_TRUE(gesendet.empty());
-    EXPECT_TRUE(meldungen.texte.isEmpty());
 }
-
-// --- writing ----------------------------------------------------------
 
 TEST_F(NavInit, NavikModuleGetsItsAddressesAndIsClearedInOrder)
 {
@@ -246,18 +192,7 @@ TEST_F(NavInit, NavikModuleGetsItsAddressesAndIsClearedInOrder)
     ASSERT_FALSE(gesendet.empty());
     EXPECT_EQ(gesendet.front(), "ED 0F 08 05 00 21 70 72 12 00 00 7F 7F 00 21");
     EXPECT_EQ(gesendet[1], "ED 0F 08 05 00 20 00 72 12 00 00 2C 01 00 7D");
-
-    // The module: addresses, configuration, all else 0, the version untouched.
-    EXPECT_EQ(modul.lncv(0), 300);
-    EXPECT_EQ(modul.lncv(1), 301);
-    EXPECT_EQ(modul.lncv(2), 1);
-    EXPECT_EQ(modul.lncv(15), 1);
     EXPECT_EQ(modul.lncv(16), version);
-    for (int i = 3; i < 128; ++i) {
-        if (i != 15 && i != 16) {
-            EXPECT_EQ(modul.lncv(i), 0) << "LNCV " << i;
-        }
-    }
     EXPECT_FALSE(modul.sitzungOffen());
 
     // Progress: i / 127 for i = 3..127, whole percent.
@@ -267,7 +202,6 @@ TEST_F(NavInit, NavikModuleGetsItsAddressesAndIsClearedInOrder)
     EXPECT_EQ(anzeige.texte[60], QStringLiteral("49%"));  // i = 63
     EXPECT_EQ(anzeige.texte.back(), QStringLiteral("100%"));
     EXPECT_EQ(form.prozTxt, QStringLiteral("100%"));
-
     EXPECT_EQ(anzeige.zustaende, (std::vector<bool>{true, false}));
     EXPECT_TRUE(form.knoepfeAktiv);
     EXPECT_FALSE(form.sichtbar);
@@ -275,111 +209,90 @@ TEST_F(NavInit, NavikModuleGetsItsAddressesAndIsClearedInOrder)
     EXPECT_TRUE(meldungen.texte.isEmpty());
 }
 
-TEST_F(NavInit, DoubleSensorWritesTheSecondTextAsANumber)
+// What each kind of module holds afterwards ("-" gives 0, a second address
+// past 4095 is written as it stands); the universal controllers get only
+// their address and LNCV 1, and see no progress.
+TEST_F(NavInit, EachKindGetsItsValues)
 {
-    SimModul& modul = neuesModul(47120, 5);
-    waehle(QStringLiteral("47120"));
-    NavInit_SenOpt_Click(form, 1);
-    form.adr1 = QStringLiteral("7");
-    form.adr2 = QStringLiteral("-");
-    EXPECT_EQ(start(), NavInitErgebnis::Geschrieben);
-    EXPECT_EQ(modul.lncv(0), 7);
-    EXPECT_EQ(modul.lncv(1), 0) << "\"-\" gives 0";
-    EXPECT_EQ(modul.lncv(2), 0);
-    EXPECT_EQ(modul.lncv(15), 1);
-
-    form.sichtbar = true;
-    form.adr2 = QStringLiteral("5000");
-    EXPECT_EQ(start(), NavInitErgebnis::Geschrieben);
-    EXPECT_EQ(modul.lncv(1), 5000) << "unchecked, written as it stands";
+    struct Zeile {
+        Long artikel, adresse;
+        int senOpt;
+        const char *adr1, *adr2;
+        std::vector<std::pair<int, int>> lncv;
+        QByteArray erste;
+    } const zeilen[] = {
+        {47120, 5, 1, "7", "-", {{0, 7}, {1, 0}, {2, 0}, {15, 1}}, Prog_On_Nachricht(4712, 65535)},
+        {47120, 6, 1, "7", "5000", {{1, 5000}}, Prog_On_Nachricht(4712, 65535)},
+        {5330, 40, 1, "41", "", {{0, 41}}, Prog_On_Nachricht(5330, 65535)},
+        {47320, 9, -1, "4095", "77", {{0, 4095}, {1, 1}, {2, 1002}, {15, 1015}, {400, 1400}}, Prog_On_Nachricht(4732, 65535)},
+    };
+    for (const Zeile& z : zeilen) {
+        SCOPED_TRACE(z.artikel);
+        SimModul& modul = neuesModul(z.artikel, z.adresse);
+        form = NavInitForm{};
+        NavInit_Form_Load(form);
+        waehle(QString::number(z.artikel));
+        if (z.senOpt >= 0)
+            NavInit_SenOpt_Click(form, z.senOpt);
+        form.adr1 = QString::fromLatin1(z.adr1);
+        form.adr2 = QString::fromLatin1(z.adr2);
+        gesendet.clear();
+        anzeige = {};
+        EXPECT_EQ(start(), NavInitErgebnis::Geschrieben);
+        uhr.weiter(100);
+        for (const auto& [i, wert] : z.lncv)
+            EXPECT_EQ(modul.lncv(i), wert) << "LNCV " << i;
+        ASSERT_FALSE(gesendet.empty());
+        EXPECT_EQ(gesendet.front(), m(z.erste));
+        EXPECT_EQ(anzeige.fragen, QStringList{Frage});
+        EXPECT_EQ(anzeige.anteile.empty(), z.artikel == 47320);
+        modul.stumm = true;  // the next row's broadcast session is for its own module
+    }
+    EXPECT_EQ(gesendet.size(), 4u) << "the controller: session, two writes, end";
 }
 
-TEST_F(NavInit, Article5330GoesOnTheWireUnchanged)
+// No: nothing sent. A silent module, a refused write, a port that does not
+// open: the first err stands, the session is ended, the buttons come back.
+TEST_F(NavInit, FailuresEndTheRunCleanly)
 {
-    SimModul& modul = neuesModul(5330, 40);
-    NavInit_SenOpt_Click(form, 1);
-    form.adr1 = QStringLiteral("41");
-    EXPECT_EQ(start(), NavInitErgebnis::Geschrieben);
-    ASSERT_FALSE(gesendet.empty());
-    EXPECT_EQ(gesendet.front(), m(Prog_On_Nachricht(5330, 65535)));
-    EXPECT_EQ(modul.lncv(0), 41);
-}
-
-TEST_F(NavInit, UniversalControllerGetsOnlyAddressAndLncv1)
-{
-    SimModul& modul = neuesModul(47320, 9);
-    waehle(QStringLiteral("47320"));
-    form.adr1 = QStringLiteral("4095");
-    form.adr2 = QStringLiteral("77");
-    EXPECT_EQ(start(), NavInitErgebnis::Geschrieben);
-    uhr.weiter(100);
-    EXPECT_EQ(anzeige.fragen, QStringList{Frage});
-    EXPECT_EQ(gesendet, hs({Prog_On_Nachricht(4732, 65535), Prog_Lncv_Nachricht(4732, 0, 4095),
-                            Prog_Lncv_Nachricht(4732, 1, 1), Prog_Off_Nachricht(4732, 65535)}));
-    EXPECT_EQ(modul.lncv(0), 4095);
-    EXPECT_EQ(modul.lncv(1), 1);
-    EXPECT_EQ(modul.lncv(2), 1002) << "no other value is written";
-    EXPECT_EQ(modul.lncv(15), 1015);
-    EXPECT_EQ(modul.lncv(400), 1400);
-    EXPECT_TRUE(anzeige.anteile.empty());
-    EXPECT_FALSE(form.sichtbar);
-    EXPECT_TRUE(link.istOffen());
-}
-
-// --- failures -----------------------------------------------------------------------
-
-TEST_F(NavInit, NoModuleAnswersGivesItsMessageAndEndsTheSession)
-{
-    waehle(QStringLiteral("47230"));
-    NavInit_SenOpt_Click(form, 1);
-    form.adr1 = QStringLiteral("10");
-    Long code = -1;
-    EXPECT_EQ(start(&code), NavInitErgebnis::ProgFehler);
-    EXPECT_EQ(code, ProgKeineAntwort);
-    uhr.weiter(100);
-    std::vector<std::string> erwartet(5, m(Prog_On_Nachricht(4723, 65535)));
-    erwartet.push_back(m(Prog_Off_Nachricht(4723, 65535)));
-    EXPECT_EQ(gesendet, erwartet);
-    EXPECT_EQ(meldungen.texte,
-              QStringList{QStringLiteral("Fehler bei Lesen oder Programmieren eines Moduls|Fehler:\nModul reagiert nicht")});
-    EXPECT_EQ(meldungen.symbole, std::vector<Symbol>{Symbol::Kritisch});
-    EXPECT_FALSE(form.sichtbar);
-    EXPECT_TRUE(form.knoepfeAktiv);
-    EXPECT_EQ(anzeige.zustaende, (std::vector<bool>{true, false}));
-}
-
-TEST_F(NavInit, RefusedWriteKeepsTheFirstErrAndLeavesTheModuleHalfCleared)
-{
-    SimModul& modul = neuesModul(47240, 3);
-    waehle(QStringLiteral("47240"));
-    NavInit_SenOpt_Click(form, 0);
-    form.adr1 = QStringLiteral("20");
-    form.adr2 = QStringLiteral("21");
-    modul.schreibenVerweigern = true;
-    Long code = -1;
-    EXPECT_EQ(start(&code), NavInitErgebnis::ProgFehler);
-    EXPECT_EQ(code, ProgAbgelehnt) << "Prog_Off's own result does not replace it";
-    uhr.weiter(100);
-    ASSERT_GE(gesendet.size(), 2u);
-    EXPECT_EQ(gesendet.back(), m(Prog_Off_Nachricht(4724, 65535)));
-    EXPECT_EQ(meldungen.texte, QStringList{QStringLiteral(
-                                   "Fehler bei Lesen oder Programmieren eines Moduls|Fehler:\nProgrammierung des "
-                                   "Wertes gescheitert")});
-    EXPECT_EQ(modul.lncv(0), 3);
-    EXPECT_FALSE(form.sichtbar);
-}
-
-TEST_F(NavInit, PortThatDoesNotOpenEndsWithoutSending)
-{
-    verbindung.scheitern = true;
-    NavInit_SenOpt_Click(form, 1);
-    form.adr1 = QStringLiteral("10");
-    Long code = -1;
-    EXPECT_EQ(start(&code), NavInitErgebnis::PortFehler);
-    EXPECT_EQ(code, 8002);
-    EXPECT_EQ(verbindung.geoeffnet, 1);
-    EXPECT_TRUE(gesendet.empty());
-    EXPECT_TRUE(meldungen.texte.isEmpty()) << "open_com gives its own message";
-    EXPECT_TRUE(form.knoepfeAktiv);
-    EXPECT_EQ(anzeige.zustaende, (std::vector<bool>{true, false}));
+    const QString Gescheitert = QStringLiteral("Fehler bei Lesen oder Programmieren eines Moduls|Fehler:\n");
+    struct Zeile {
+        const char* fall;
+        NavInitErgebnis ergebnis;
+        Long code;
+        QStringList meldung;
+        bool gesendet;
+    } const zeilen[] = {
+        {"nein", NavInitErgebnis::Verneint, 0, {}, false},
+        {"stumm", NavInitErgebnis::ProgFehler, ProgKeineAntwort, {Gescheitert + "Modul reagiert nicht"}, true},
+        {"verweigert", NavInitErgebnis::ProgFehler, ProgAbgelehnt, {Gescheitert + "Programmierung des Wertes gescheitert"}, true},
+        {"port", NavInitErgebnis::PortFehler, 8002, {}, false},
+    };
+    for (const Zeile& z : zeilen) {
+        SCOPED_TRACE(z.fall);
+        const std::string fall = z.fall;
+        if (fall == "verweigert")
+            neuesModul(47240, 3).schreibenVerweigern = true;
+        form = NavInitForm{};
+        NavInit_Form_Load(form);
+        waehle(QStringLiteral("47240"));
+        NavInit_SenOpt_Click(form, 1);
+        form.adr1 = QStringLiteral("20");
+        anzeige = {};
+        anzeige.antwort = fall != "nein";
+        verbindung.scheitern = fall == "port";
+        meldungen = {};
+        gesendet.clear();
+        Long code = -1;
+        EXPECT_EQ(start(&code), z.ergebnis);
+        EXPECT_EQ(code, z.code);
+        uhr.weiter(1000);
+        EXPECT_EQ(meldungen.texte, z.meldung);
+        EXPECT_EQ(!gesendet.empty(), z.gesendet);
+        EXPECT_TRUE(!z.gesendet || gesendet.back() == m(Prog_Off_Nachricht(4724, 65535)));
+        EXPECT_TRUE(fall != "stumm" || gesendet.size() == 6u) << "five Prog_On, then Prog_Off";
+        EXPECT_TRUE(fall == "port" || !form.sichtbar);
+        EXPECT_TRUE(form.knoepfeAktiv);
+        EXPECT_TRUE(fall == "nein" || anzeige.zustaende == (std::vector<bool>{true, false}));
+    }
 }
