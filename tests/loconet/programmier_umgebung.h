@@ -17,21 +17,11 @@
 #include "tests/support/bus.h"
 
 #include <QPoint>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <deque>
-#include <ostream>
 #include <vector>
-
-// Readable texts in failure messages.
-inline void PrintTo(const QString& s, std::ostream* os)
-{
-    *os << '"' << s.toStdString() << '"';
-}
-inline void PrintTo(const QStringList& l, std::ostream* os)
-{
-    *os << '{' << l.join(QStringLiteral("; ")).toStdString() << '}';
-}
 
 namespace planor::test {
 
@@ -102,14 +92,7 @@ struct AufgezeichneteAnzeige final : ProgrammierAnzeige {
     }
     void fortschritt(int n, int m) override { ereignisse << QStringLiteral("fortschritt:%1/%2").arg(n).arg(m); }
 
-    QStringList mit(const QString& anfang) const
-    {
-        QStringList l;
-        for (const QString& e : ereignisse)
-            if (e.startsWith(anfang))
-                l << e;
-        return l;
-    }
+    QStringList mit(const QString& anfang) const { return ereignisse.filter(QRegularExpression(u'^' + QRegularExpression::escape(anfang))); }
 
     bool ok = true, ja = false;
     std::deque<FehlerAntwort> antworten; // the prompt's answers; Abbruch when none left
@@ -125,23 +108,6 @@ struct GezeichneteZellen final : Zellanzeige {
     QList<QPoint> gezeichnet;
 };
 
-struct StilleProjektAnzeige final : ProjektAnzeige {
-    explicit StilleProjektAnzeige(Anlage& a)
-        : anlage(a)
-    {
-    }
-    void InfoTxt_anzeigen(int, const QString&) override { }
-    bool pultNeuSetzen() const override { return neu; }
-    void neues_pult_setzen() override
-    {
-        neu = false;
-        anlage.neues_pult_setzen();
-    }
-    bool elementLoeschen(const QString&, const QString&) override { return false; }
-    Anlage& anlage;
-    bool neu = true;
-};
-
 class MitProgrammierung : public MitFehlerbericht {
 protected:
     void SetUp() override
@@ -149,17 +115,14 @@ protected:
         MitFehlerbericht::SetUp();
         Elemente_laden(QStringLiteral(PLANOR_TESTDATA "/../../data/KT_Conf/Elemente.cfg"), katalog, anlage);
         anlage.neues_pult_setzen();
-        sim.bus().anschliessen([this](const QByteArray& b) {
-            aufDemBus.push_back(b);
-            zeiten.push_back(uhr.sekunden());
-        });
+        sim.bus().anschliessen([this](const QByteArray& b) { aufDemBus.push_back(b); });
     }
     void TearDown() override { EXPECT_TRUE(berichte.texte.isEmpty()) << berichte.texte.join(u'\n').toStdString(); }
 
     // The demo project with its side files, and its modules in the simulator at factory values.
     void demoLaden()
     {
-        StilleProjektAnzeige projektAnzeige(anlage);
+        Projektanzeige projektAnzeige(anlage);
         PultEditor editor(anlage, katalog, meldungen);
         anlage.Pfad = QStringLiteral(PLANOR_TESTDATA "/../../data/demo/");
         anlage.File = QStringLiteral("Demo.anl");
@@ -200,12 +163,7 @@ protected:
             return {QStringLiteral("no module for %1,%2").arg(x).arg(y)};
         for (int i = 2; i <= letzteLncv(z.XY_ArtNr, z.XY_Version); ++i)
             if (i != nieGeschrieben(z.XY_ArtNr) && m->lncv(i) != Int_to_Unsig(z.XY_LNCV(i)))
-                d << QStringLiteral("(%1,%2) LNCV %3: module %4, cell %5")
-                         .arg(x)
-                         .arg(y)
-                         .arg(i)
-                         .arg(m->lncv(i))
-                         .arg(z.XY_LNCV(i));
+                d << QStringLiteral("(%1,%2) LNCV %3: module %4, cell %5").arg(x).arg(y).arg(i).arg(m->lncv(i)).arg(z.XY_LNCV(i));
         return d;
     }
 
@@ -245,7 +203,6 @@ protected:
     AufgezeichneteAnzeige anzeige;
     Programmierumgebung u {anlage, katalog, verbindung, link, meldungen, zellen, anzeige};
     std::vector<QByteArray> aufDemBus;
-    std::vector<double> zeiten; // virtual time of each message on the bus
 };
 
 } // namespace planor::test

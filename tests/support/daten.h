@@ -14,18 +14,9 @@
 #include <ostream>
 #include <string>
 
-// Readable texts in failure messages. Templates, so that a file's own printer
-// of the same shape still takes precedence instead of clashing.
-template <typename = void>
-void PrintTo(const QString& s, std::ostream* os)
-{
-    *os << '"' << s.toStdString() << '"';
-}
-template <typename = void>
-void PrintTo(const QStringList& l, std::ostream* os)
-{
-    *os << '{' << l.join(QStringLiteral("; ")).toStdString() << '}';
-}
+// Readable texts in failure messages.
+inline void PrintTo(const QString& s, std::ostream* os) { *os << '"' << s.toStdString() << '"'; }
+inline void PrintTo(const QStringList& l, std::ostream* os) { *os << '{' << l.join(QStringLiteral("; ")).toStdString() << '}'; }
 
 // The statement must fail with the program's runtime error `nr`.
 #define EXPECT_LAUFZEITFEHLER(nr, stmt)                                                        \
