@@ -81,8 +81,6 @@ protected:
 
 }  // namespace
 
-// --- set_mon -------------------------------------------------------------
-
 TEST_F(Monitoransicht, SetMonDrawsTheMonitorPictureAndNotesEveryAddress)
 {
     setzen(2, 3, 101, 5);
@@ -119,66 +117,21 @@ TEST_F(Monitoransicht, ReceiversOfTheFiveArticlesShowADashInArial8BoldCentred)
     EXPECT_EQ(monitor->NavikStatus(100).zelle.x, 0);
 }
 
-TEST_F(Monitoransicht, ShowMonitorClearsEmptyCellsToTheEmptyPicture)
-{
-    mon.setzeZelle(3, 3, {QStringLiteral("w101_g.bmp"), QStringLiteral("17"), {}, 4});
-    monitor->Show_Monitor(nullptr);
-    EXPECT_EQ(bild(3, 3), katalog.ElementTab(katalog.LeerIndex).Bmp);
-    EXPECT_EQ(text(3, 3), QString());
-}
-
-TEST_F(Monitoransicht, WithoutAnOpenPortTheMonitorShowsThePlanWithNoState)
-{
-    setzen(2, 2, 101, 1);
-    setzen(3, 2, 201, 2, 3);
-    empfaenger(4, 2, 1);
-    sim.geraete().setzeWeiche(1, 1);
-    sim.geraete().zugMelden(1, 345);
-    warten();
-    const int vorher = sim.geraete().empfangeneNachrichten();
-    monitor->Show_Monitor(nullptr);
-    warten();
-    EXPECT_EQ(sim.geraete().empfangeneNachrichten(), vorher) << "nothing asked";
-    EXPECT_EQ(bild(2, 2), monBild(2, 2));
-    EXPECT_EQ(bild(3, 2), monBild(3, 2));
-    EXPECT_EQ(text(4, 2), QStringLiteral("-"));
-    EXPECT_EQ(monitor->MagStatus(1), 0);
-}
-
-TEST_F(Monitoransicht, AnAddressOfTwoCellsUpdatesOnlyTheCellVisitedLast)
-{
-    // Show_Monitor goes column by column: (4, 1) comes after (2, 3).
-    setzen(2, 3, 101, 5);
-    setzen(4, 1, 102, 5);
-    sim.geraete().setzeWeiche(5, 1);
-    monitor->Show_Monitor(&link);
-    EXPECT_EQ(bild(4, 1), QStringLiteral("w102_g.bmp"));
-    EXPECT_EQ(bild(2, 3), monBild(2, 3)) << "the first cell keeps the plan's picture";
-    EXPECT_EQ(monitor->MagZelle(5).x, 4);
-    monitor->set_mon_mag(5, 0);
-    EXPECT_EQ(bild(4, 1), bmp(4, 1));
-    EXPECT_EQ(bild(2, 3), monBild(2, 3));
-}
-
 TEST_F(Monitoransicht, ShowMonitorReadsTheStatesOfTheAddressesInUse)
 {
     setzen(2, 2, 101, 1);
     setzen(3, 2, 101, 2);
     setzen(4, 2, 201, 3, 4);
-    sim.geraete().setzeWeiche(1, 0);
-    sim.geraete().setzeWeiche(2, 1);
-    sim.geraete().setzeWeiche(3, 1);
-    sim.geraete().setzeWeiche(4, 0);
+    for (const auto& [adresse, stellung] : {std::pair{1, 0}, {2, 1}, {3, 1}, {4, 0}})
+        sim.geraete().setzeWeiche(adresse, stellung);
     monitor->MagStatus(9) = 1;
     monitor->Show_Monitor(&link);
     EXPECT_EQ(gefragt(0xBC), (std::vector<int>{1, 2, 3, 4}));
     EXPECT_EQ(bild(2, 2), bmp(2, 2));
     EXPECT_EQ(bild(3, 2), QStringLiteral("w101_g.bmp"));
     EXPECT_EQ(bild(4, 2), QStringLiteral("dkw201_gr.bmp"));
-    EXPECT_EQ(monitor->MagStatus(1), 0);
-    EXPECT_EQ(monitor->MagStatus(2), 1);
-    EXPECT_EQ(monitor->MagStatus(3), 1);
-    EXPECT_EQ(monitor->MagStatus(4), 0);
+    EXPECT_EQ(std::vector<Long>({monitor->MagStatus(1), monitor->MagStatus(2), monitor->MagStatus(3), monitor->MagStatus(4)}),
+              std::vector<Long>({0, 1, 1, 0}));
     EXPECT_EQ(monitor->MagStatus(9), 1) << "an address not in use is not asked";
 }
 
@@ -211,8 +164,6 @@ TEST_F(Monitoransicht, ShowMonitorAsksTheReceiversAndShowsTheirLastTrain)
     EXPECT_EQ(monitor->NavikStatus(3).lok, 1234);
 }
 
-// --- set_mon_mag --------------------------------------------------------
-
 TEST_F(Monitoransicht, AddressesOutsideTheTablesRaiseError9)
 {
     monitor->set_mon_mag(7, 1); // no cell: not even stored
@@ -223,18 +174,14 @@ TEST_F(Monitoransicht, AddressesOutsideTheTablesRaiseError9)
     for (const QString& t : berichte.texte)
         EXPECT_TRUE(t.contains(QStringLiteral("Index außerhalb des gültigen Bereichs"))) << t.toStdString();
     berichte.texte.clear();
-}
-
-TEST_F(Monitoransicht, TrainReportOfReceiver0FromTheBusIsIgnoredWithoutAnErrorBox)
-{
     // Bus data is outside input: a module not yet given an address reports as receiver 0.
     BusMeldung m;
     m.art = BusMeldung::Empfaenger;
-    m.adresse = 0;
     m.lok = 7;
     monitor->meldung(m);
     EXPECT_EQ(berichte.texte, QStringList());
 }
+
 
 namespace {
 
@@ -326,40 +273,10 @@ TEST_F(Monitoransicht, EveryRowOfThePictureTable)
         monitor->set_mon_mag(1, Integer(z.s1));
         ASSERT_EQ(monitor->MagStatus(1), z.s1);
         const QString erwartet = QString::fromLatin1(z.erwartet);
-        if (erwartet == u'-')
-            EXPECT_EQ(bild(5, 6), monBild(5, 6));
-        else
-            EXPECT_EQ(bild(5, 6), erwartet.isEmpty() ? bmp(5, 6) : erwartet);
-        if (!erwartet.isEmpty() && erwartet != u'-') {
-            EXPECT_TRUE(QFile::exists(QStringLiteral(PLANOR_TESTDATA "/../../data/KT_Conf/") + erwartet));
-        }
+        EXPECT_EQ(bild(5, 6), erwartet == u'-' ? monBild(5, 6) : erwartet.isEmpty() ? bmp(5, 6) : erwartet);
+        EXPECT_TRUE(QFile::exists(QStringLiteral(PLANOR_TESTDATA "/../../data/KT_Conf/") + bild(5, 6)));
     }
 }
-
-TEST_F(Monitoransicht, TheReportedStateDrivesOneAddressElementsAndTheStoredOnesTheOthers)
-{
-    // 511 by stored states: a report for the distant signal draws with S1 as stored.
-    setzen(2, 2, 511, 1, 2);
-    monitor->Show_Monitor(nullptr);
-    monitor->set_mon_mag(1, 1);
-    EXPECT_EQ(bild(2, 2), QStringLiteral("s511_gr.bmp"));
-    monitor->set_mon_mag(2, 1);
-    EXPECT_EQ(bild(2, 2), QStringLiteral("s511_gg.bmp"));
-    monitor->set_mon_mag(1, 0);
-    EXPECT_EQ(bild(2, 2), QStringLiteral("s511_rr.bmp"));
-}
-
-TEST_F(Monitoransicht, TheStatePictureKeepsTheReceiverText)
-{
-    setzen(2, 2, 101, 1);
-    monitor->Show_Monitor(nullptr);
-    mon.setzeZelle(2, 2, {monBild(2, 2), QStringLiteral("x"), {}, 4});
-    monitor->set_mon_mag(1, 1);
-    EXPECT_EQ(bild(2, 2), QStringLiteral("w101_g.bmp"));
-    EXPECT_EQ(text(2, 2), QStringLiteral("x"));
-}
-
-// --- Mon_MouseUp ------------------------------------------------------------
 
 TEST_F(Monitoransicht, ALeftClickSwitchesByFamily)
 {
@@ -434,30 +351,6 @@ TEST_F(Monitoransicht, OnlyAccessoriesWithAnAddressAreSwitched)
     EXPECT_TRUE(monitor->schaltbar(5, 2));
 }
 
-TEST_F(Monitoransicht, AFailedSendLeavesTheStateAndPicture)
-{
-    setzen(2, 2, 101, 6);
-    monitor->Show_Monitor(nullptr);
-    link.schliessen();
-    monitor->Mon_MouseUp_Links(link, 2, 2);
-    EXPECT_EQ(monitor->MagStatus(6), 0);
-    EXPECT_EQ(bild(2, 2), monBild(2, 2));
-}
-
-TEST_F(Monitoransicht, NeuZeichnenAfterTauschFormShowsTheSwappedMarkers)
-{
-    setzen(2, 2, 101, 6);
-    monitor->Show_Monitor(nullptr);
-    monitor->set_mon_mag(6, 1);
-    EXPECT_EQ(bild(2, 2), QStringLiteral("w101_g.bmp"));
-    anlage.XY(2, 2).XY_STATTAUSCH1 = 1;
-    monitor->neuZeichnen(2, 2);
-    EXPECT_EQ(bild(2, 2), bmp(2, 2));
-    EXPECT_EQ(monitor->MagStatus(6), 1);
-}
-
-// --- Get_Adr_from_LN, view 4 ---------------------------------------------------
-
 TEST_F(Monitoransicht, ASwitchCommandOnTheBusShowsItsState)
 {
     setzen(2, 2, 101, 12);
@@ -490,8 +383,6 @@ TEST_F(Monitoransicht, ATrainReportShowsTheLocomotiveOnTheReceiversCell)
     warten();
     EXPECT_EQ(monitor->NavikStatus(9).lok, 0);
 }
-
-// --- MagArtStatus in view 4 -----------------------------------------------------
 
 TEST_F(Monitoransicht, MagArtStatusOkSendsTheChosenStateToTheChosenAddress)
 {
