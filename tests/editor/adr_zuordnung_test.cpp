@@ -158,44 +158,6 @@ TEST_F(AdrZuordnungTest, ReportsAskTheirQuestionAndYesKeepsTheAddress)
     }
 }
 
-TEST_F(AdrZuordnungTest, OneQuestionAtATime)
-{
-    adrAnzeige.waehrendFrage = [this] { maus.Get_Adr_from_LN(empfaengerMeldung(26)); };
-    maus.Get_Adr_from_LN(magnetartikelMeldung(130));
-    EXPECT_EQ(adrAnzeige.mit(QStringLiteral("frage:")).size(), 1);
-    EXPECT_EQ(maus.AdrArt, BusMeldung::Magnetartikel);
-    EXPECT_EQ(maus.NavikAdrWert, 0);
-}
-
-TEST_F(AdrZuordnungTest, ReportsDuringADialogAreDropped)
-{
-    setzen(2, 2, 101);
-    adrAnzeige.eingabe = [this](int, int) {
-        maus.Get_Adr_from_LN(magnetartikelMeldung(130));
-        return AdrEingabeErgebnis::Abgebrochen;
-    };
-    maus.PultAdr_MouseDown(2, 2);
-    EXPECT_TRUE(adrAnzeige.mit(QStringLiteral("frage:")).isEmpty());
-    EXPECT_FALSE(maus.AdrAusBus);
-}
-
-TEST_F(AdrZuordnungTest, AClickOnACellWithoutAddressesDoesNothing)
-{
-    const XY_Typ vorher = anlage.XY(4, 4);
-    ausBus(magnetartikelMeldung(130));
-    adrAnzeige.ereignisse.clear();
-    maus.PultAdr_MouseDown(4, 4);
-    setzen(5, 5, 9);
-    maus.PultAdr_MouseDown(5, 5);
-    setzen(2, 2, 840); // controllers have no form yet
-    maus.PultAdr_MouseDown(2, 2);
-    EXPECT_TRUE(adrAnzeige.ereignisse.isEmpty());
-    EXPECT_TRUE(zellen.gezeichnet.isEmpty());
-    EXPECT_EQ(anlage.XY(4, 4), vorher);
-    EXPECT_EQ(anlage.PultGeaendert, 0);
-    EXPECT_TRUE(maus.AdrAusBus) << "the address waits on";
-}
-
 TEST_F(AdrZuordnungTest, AClickOnATurnoutOpensAdrEingabeAndRedrawsAfterOK)
 {
     setzen(2, 3, 101);
@@ -290,21 +252,6 @@ TEST_F(AdrZuordnungTest, ReceiverFromTheBusReadsItsArticleInTheTablesOrder)
     EXPECT_EQ(AdrZeileEmpfaenger(anlage, katalog, 4, 2), QStringLiteral("25"));
 }
 
-TEST_F(AdrZuordnungTest, A5330KeepsItsNumberAndGetsItsVersion)
-{
-    sim.modulHinzufuegen({5330, 31});
-    setzen(2, 5, 830);
-    ausBus(empfaengerMeldung(31));
-    maus.PultAdr_MouseDown(2, 5);
-    EXPECT_EQ(anlage.XY(2, 5).XY_ArtNr, 5330);
-    EXPECT_NE(anlage.XY(2, 5).XY_Version, 0);
-    EXPECT_TRUE(meldungen.texte.isEmpty()) << meldungen.texte.join(u'\n').toStdString();
-    // The sessions are closed: the module answers the next exchange at once.
-    Long err = 0;
-    Prog_On(link, 5330, 31, err);
-    EXPECT_EQ(err, 0);
-}
-
 TEST_F(AdrZuordnungTest, ASilentModuleOrAnAddressInUseStoresNothing)
 {
     setzen(4, 2, 800);
@@ -378,32 +325,6 @@ protected:
     }
 };
 
-TEST_F(SensorPaarTest, ACellThatIsNoSingleSensorAtInput1IsRefusedAndTheWaitGoesOn)
-{
-    empfaenger(5, 5, 12);
-    maus.PultAdr_MouseDown(5, 5);
-    maus.PultAdr_MouseDown(3, 2); // input 2 itself is no input 1 either
-    const QString text = QStringLiteral("Fehler|Das ausgewählte Modul ist kein Einzelsensor am Eingang 1!\n"
-                                        "          Bitte die Auswahl wiederholen! ");
-    EXPECT_EQ(meldungen.texte, (QStringList {text, text}));
-    EXPECT_TRUE(maus.Sensor2Wartet);
-    EXPECT_TRUE(adrAnzeige.mit(QStringLiteral("eingabe:")).isEmpty());
-    EXPECT_EQ(anlage.XY(3, 2).XY_SenStat, 0);
-}
-
-TEST_F(SensorPaarTest, AnInput1WithoutAddressEndsTheWait)
-{
-    eingang1(6, 6, 0);
-    maus.PultAdr_MouseDown(6, 6);
-    EXPECT_EQ(meldungen.texte,
-        QStringList {QStringLiteral("Fehler|Das ausgewählte Modul ist noch nicht initialisiert!\n"
-                                    "  Bitte zuerst Eingang 1 initialisieren und dann  \n"
-                                    "     den Vorgang mit Eingang 2 wiederholen!")});
-    EXPECT_FALSE(maus.Sensor2Wartet);
-    EXPECT_EQ(anlage.XY(6, 6).XY_SenStat, 1);
-    EXPECT_EQ(anlage.XY(3, 2).XY_SenStat, 0);
-}
-
 TEST_F(SensorPaarTest, LinksBothCellsAndTheSecondInputHoldsNoValuesOfItsOwn)
 {
     maus.PultAdr_MouseDown(2, 2);
@@ -427,20 +348,6 @@ TEST_F(SensorPaarTest, LinksBothCellsAndTheSecondInputHoldsNoValuesOfItsOwn)
     // Its text row points to input 1.
     EXPECT_EQ(AdrZeileEmpfaenger(anlage, katalog, 3, 2),
         QStringLiteral("9/") + QChar(0x203A) + QChar(0x2013) + QStringLiteral("X/Y 2/2"));
-}
-
-TEST_F(SensorPaarTest, RelinkingInput1DropsItsOldSecondInput)
-{
-    maus.PultAdr_MouseDown(2, 2);
-    setzen(4, 2, 809);
-    maus.Sensor2Wartet = true;
-    maus.Sensor2X = 4;
-    maus.Sensor2Y = 2;
-    maus.PultAdr_MouseDown(2, 2);
-    EXPECT_EQ(anlage.XY(2, 2).XY_SenX, 4);
-    EXPECT_EQ(anlage.XY(4, 2).XY_SenStat, 2);
-    EXPECT_EQ(anlage.XY(3, 2).XY_SenStat, 0);
-    EXPECT_EQ(anlage.XY(3, 2).XY_ArtNr, 0);
 }
 
 // --- set_PultAdr's text rows ---
