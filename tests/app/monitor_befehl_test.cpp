@@ -65,41 +65,6 @@ TEST(MonitorBefehl, OverTcpSigtermEndsItAndALostLinkFailsIt)
         << m.fehler.toStdString();
 }
 
-TEST(MonitorBefehl, WritesTheTraceFileByTheEnd)
-{
-    QTemporaryDir ordner;
-    const QString pfad = ordner.filePath(QStringLiteral("verlauf.txt"));
-    Bus bus;
-    Prozess m = monitor({QStringLiteral("--port"), seriell(bus.pty), QStringLiteral("--trace"), pfad});
-    ASSERT_TRUE(laeuft(m));
-    EXPECT_TRUE(m.meldet(QStringLiteral("Speichern: ") + pfad + u'\n'));
-    bus.senden({"B0 00 30 7F", "83 7C"});
-    ASSERT_EQ(m.zeilen(2).size(), 2);
-    EXPECT_EQ(m.ende(SIGINT), 0);
-    EXPECT_TRUE(m.fehler.endsWith(QStringLiteral("Gespeichert unter: ") + pfad + u'\n')) << m.fehler.toStdString();
-    // Only the shape of the time of day: the run may cross midnight.
-    static const QRegularExpression zeit(QStringLiteral("^\\d{6},\\d{3} - $"));
-    const QList<QByteArray> zeilen = datei(pfad).split('\n');
-    ASSERT_EQ(zeilen.size(), 3);
-    for (int i = 0; i < 2; ++i)
-        EXPECT_TRUE(zeit.match(QString::fromLatin1(zeilen[i].left(13))).hasMatch() && zeilen[i].endsWith('\r'))
-            << zeilen[i].toStdString();
-}
-
-// A flood without wire time outruns the reader: messages are lost whole in
-// the simulator's terminal, never the link, and no line is broken.
-TEST(MonitorBefehl, ASlowReaderLosesMessagesNotTheLink)
-{
-    Prozess sim(QStringLiteral("sim"), argumente("--pty --flood --wire-time off"));
-    Prozess m = monitor({QStringLiteral("--port"), seriell(sim.zeile(QStringLiteral("PTY ")))});
-    ASSERT_TRUE(laeuft(m));
-    const QStringList z = m.zeilen(20000);
-    EXPECT_EQ(z.size(), 20000);
-    for (const QString& zeile : z)
-        ASSERT_TRUE(Runde.contains(zeile)) << zeile.toStdString();
-    EXPECT_EQ(m.ende(SIGINT), 0) << m.fehler.toStdString();
-}
-
 TEST(MonitorBefehl, AClosedStdoutEndsItWithStatus1)
 {
     Bus bus;

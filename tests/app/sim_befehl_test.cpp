@@ -43,20 +43,6 @@ TEST(SimBefehl, TcpSendIsAnsweredWithSentOkTheEchoAndTheModulesAnswer)
     EXPECT_EQ(sim.ende(SIGTERM), 0);
 }
 
-// The dropped answer never comes: the next message's echo follows the session start's directly.
-TEST(SimBefehl, FaultsOnTheAnswersOnly)
-{
-    Prozess sim(QStringLiteral("sim"),
-                argumente("--tcp 0 --module 47220:12 --reaction-ms 0 --drop 1 --faults-answers-only"));
-    auto s = verbinden(sim.zeile(QStringLiteral("TCP ")));
-    s->write(QByteArray("SEND ") + SitzungStart + "\r\n");
-    EXPECT_EQ(zeileLesen(*s), "SENT OK\r\n");
-    EXPECT_EQ(zeileLesen(*s), QByteArray("RECEIVE ") + SitzungStart + "\r\n");
-    s->write("SEND 83 7C\r\n");
-    EXPECT_EQ(zeileLesen(*s), "SENT OK\r\n");
-    EXPECT_EQ(zeileLesen(*s), "RECEIVE 83 7C\r\n");
-}
-
 // The flood reaches TCP clients as whole messages, and without wire time
 // it runs as fast as the simulator can go and still hears SIGTERM.
 TEST(SimBefehl, FloodOverTcpAndAtFullSpeed)

@@ -112,19 +112,6 @@ TEST(Einstellungsdatei, ReadingIsTolerant)
     EXPECT_EQ(e.MainWinState, 2) << "missing keys keep their values";
 }
 
-TEST(Einstellungsdatei, ZeroGeometryIsNotAppliedAndOnlyState2Maximises)
-{
-    Einstellungen e;
-    e.MainWinTop = -120;
-    e.MainWinWidth = 15000;
-    e.MainWinState = 1;
-    const GespeicherteLage lage = LageAusEinstellungen(e);
-    EXPECT_FALSE(lage.links || lage.oben || lage.hoehe || lage.maximiert);
-    EXPECT_EQ(lage.breite, 1000);
-    e.MainWinState = 2;
-    EXPECT_TRUE(LageAusEinstellungen(e).maximiert);
-}
-
 class Einstellungsdateien : public MitFehlerbericht {};
 
 TEST_F(Einstellungsdateien, SaveAndLoadRoundTrip)

@@ -40,12 +40,6 @@ protected:
     }
 };
 
-TEST(AdrEingabeFelder, TypesWithoutAddressesHaveNoForm)
-{
-    for (int typ : {-99, -1, 0, 1, 9, 27, 100, 111, 204, 303, 503, 510, 826, 829, 834, 840, 841, 920})
-        EXPECT_FALSE(AdrEingabeFelder(typ).has_value()) << typ;
-}
-
 TEST_F(AdrEingabe, LoadsTheFieldsOfTheType)
 {
     EXPECT_FALSE(AdrEingabe_laden(anlage, katalog, 4, 4).has_value());
@@ -94,19 +88,6 @@ TEST_F(AdrEingabe, UpperLimits2047And4096TurnTheFieldRedAndDisableOK)
     EXPECT_TRUE(AdrOKFrei(e));
     e.AdrTxt[0] = QStringLiteral("4097");
     EXPECT_FALSE(AdrOKFrei(e));
-}
-
-TEST_F(AdrEingabe, InputChoiceOnlyFor47240AndInput2DisablesTheAddress)
-{
-    empfaenger(2, 2, 9, 47240, 808);
-    AdrEingabe_Zustand z = laden(2, 2);
-    EXPECT_TRUE(EingangSichtbar(z));
-    z.EingangOpt = 1;
-    EXPECT_FALSE(AdrFeldFrei(z, 0));
-    z.AdrTxt[0] = QStringLiteral("99999"); // not checked while disabled
-    EXPECT_TRUE(AdrOKFrei(z));
-    z.ArtNrCb = 4;
-    EXPECT_FALSE(EingangSichtbar(z));
 }
 
 TEST_F(AdrEingabe, OKStoresEveryAccessoryRowByItsFields)
@@ -216,32 +197,6 @@ TEST_F(AdrEingabe, Input2Of47240AsksForInput1AndStoresNothing)
                                     "Maus im Plan das Modul aus,\ndass den zughörigen Eingang 1 "
                                     "enthält!")});
     EXPECT_EQ(anlage.XY(3, 2), vorher);
-}
-
-TEST_F(AdrEingabe, ChangingInput1sAddressTakesTheSecondInputAlong)
-{
-    sensorPaar();
-    AdrEingabe_Zustand z = laden(2, 2);
-    z.AdrTxt[0] = QStringLiteral("44");
-    EXPECT_EQ(ok(z, 2, 2), AdrEingabeErgebnis::Gespeichert);
-    EXPECT_EQ(anlage.XY(3, 2).XY_LNCV(0), 44);
-    EXPECT_EQ(anlage.XY(3, 2).XY_SenStat, 2);
-    EXPECT_TRUE(zellen.gezeichnet.contains(QPoint(3, 2)));
-}
-
-TEST_F(AdrEingabe, ASecondInputGivenAModuleOfItsOwnLeavesThePair)
-{
-    sensorPaar();
-    AdrEingabe_Zustand z = laden(3, 2);
-    EXPECT_EQ(z.EingangOpt, 1);
-    z.EingangOpt = 0;
-    z.AdrTxt[0] = QStringLiteral("10");
-    EXPECT_EQ(ok(z, 3, 2), AdrEingabeErgebnis::Gespeichert);
-    EXPECT_EQ(anlage.XY(3, 2).XY_LNCV(0), 10);
-    EXPECT_EQ(anlage.XY(3, 2).XY_SenStat, 1); // a 47240 of its own
-    EXPECT_EQ(anlage.XY(3, 2).XY_SenX, 0);
-    EXPECT_EQ(anlage.XY(2, 2).XY_SenStat, 1);
-    EXPECT_EQ(anlage.XY(2, 2).XY_SenX, 0);
 }
 
 } // namespace

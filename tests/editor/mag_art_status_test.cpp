@@ -47,34 +47,6 @@ protected:
 
 }  // namespace
 
-TEST_F(MagArtStatusForm, OptionsAreLabelledByTheElementsType)
-{
-    struct Fall {
-        int typ;
-        Integer a1, a2, a3;
-        QStringList texte;
-    };
-    const Fall faelle[] = {
-        {201, 12, 13, 0, {"Adresse: 12", "Adresse: 13", "Adresse: -"}},
-        {101, 5, 0, 0, {"Adresse: 5", "Adresse: -", "Adresse: -"}},
-        {302, 7, 8, 0, {"Adresse: 7", "Adresse: 8", "Adresse: -"}},
-        {501, 20, 0, 0, {"Hauptsignal: 20", "Adresse: -", "Adresse: -"}},
-        {512, 20, 21, 0, {"Hauptsignal: 20", "Vorsignal: 21", "Adresse: -"}},
-        {521, 20, 0, 22, {"Hauptsignal: 20", "Adresse: -", "Rangiersignal: 22"}},
-        {532, 20, 21, 22, {"Hauptsignal: 20", "Vorsignal: 21", "Rangiersignal: 22"}},
-        {541, 23, 0, 0, {"Vorsignal: 23", "Adresse: -", "Adresse: -"}},
-        {552, 24, 0, 0, {"Rangiersignal: 24", "Adresse: -", "Adresse: -"}},
-        // A head without an address shows "-" and cannot be chosen.
-        {511, 20, 0, 0, {"Hauptsignal: 20", "Vorsignal: -", "Adresse: -"}},
-    };
-    for (const Fall& f : faelle) {
-        SCOPED_TRACE(f.typ);
-        const MagArtStatus_Zustand z = laden(f.typ, f.a1, f.a2, f.a3);
-        EXPECT_EQ(texte(z), f.texte);
-        EXPECT_EQ(aktiv(z), (QList<bool>{f.a1 != 0, f.a2 != 0, f.a3 != 0}));
-    }
-}
-
 TEST_F(MagArtStatusForm, TheFirstAddressAndRotAreChosen)
 {
     MagArtStatus_Zustand z = laden(521, 0, 0, 22);

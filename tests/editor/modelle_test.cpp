@@ -14,25 +14,6 @@ using namespace planor::test;
 namespace {
 using Gitter = MitPult;
 
-TEST_F(Gitter, PultHasACellPerPanelCell)
-{
-    PultModell m(anlage, katalog);
-    EXPECT_EQ(m.rowCount(), 30);
-    EXPECT_EQ(m.columnCount(), 30);
-    setzen(4, 2, Weiche101);
-    anlage.XY(4, 2).XY_ADR1 = 12;
-    const QModelIndex i = m.index(1, 3);
-    EXPECT_EQ(i.data(BildRolle).toString(), QStringLiteral("w101_re.bmp"));
-    EXPECT_EQ(i.data(Qt::DisplayRole).toString(), QStringLiteral("12"));
-    EXPECT_EQ(i.data(Qt::ToolTipRole).toString(), QStringLiteral("Weiche rechts"));
-    EXPECT_EQ(Qt::Alignment(i.data(Qt::TextAlignmentRole).toInt()), Qt::AlignLeft | Qt::AlignBottom);
-    EXPECT_EQ(m.headerData(3, Qt::Horizontal, Qt::DisplayRole).toInt(), 4);
-    anlage.DimensionenX = 12;
-    m.init_flexgrid();
-    EXPECT_EQ(m.columnCount(), 12);
-    EXPECT_EQ(m.rowCount(), 30);
-}
-
 TEST_F(Gitter, PultAdrHasAPictureAndTwoTextRowsAPanelRow)
 {
     PultAdrModell m(anlage, katalog);
@@ -56,14 +37,6 @@ TEST_F(Gitter, PultAdrHasAPictureAndTwoTextRowsAPanelRow)
     EXPECT_EQ(m.headerData(8, Qt::Vertical, Qt::DisplayRole).toString(), QStringLiteral("NAVIK/TOBRA:"));
     EXPECT_EQ(Qt::Alignment(m.headerData(8, Qt::Vertical, Qt::TextAlignmentRole).toInt()),
               Qt::AlignHCenter | Qt::AlignBottom);
-}
-
-TEST_F(Gitter, MonShowsTheMonitorPicture)
-{
-    MonModell m(anlage, katalog);
-    setzen(2, 3, Signal511);
-    EXPECT_EQ(m.index(2, 1).data(BildRolle).toString(), QStringLiteral("s511_mon.bmp"));
-    EXPECT_FALSE(m.index(2, 1).data(Qt::DisplayRole).isValid());
 }
 
 // One row: the element, the fields set on the cell (applied in order), the text.

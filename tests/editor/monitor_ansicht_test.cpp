@@ -135,17 +135,6 @@ TEST_F(Monitoransicht, ShowMonitorReadsTheStatesOfTheAddressesInUse)
     EXPECT_EQ(monitor->MagStatus(9), 1) << "an address not in use is not asked";
 }
 
-TEST_F(Monitoransicht, AnAccessoryThatDoesNotAnswerKeepsThePlansPicture)
-{
-    setzen(2, 2, 101, 1);
-    sim.bus().stoerung.einstellungen.nurGeraete = true;
-    sim.bus().stoerung.einstellungen.naechsteVerwerfen = 1000;
-    const double t0 = uhr.sekunden();
-    monitor->Show_Monitor(&link);
-    EXPECT_GE(uhr.sekunden() - t0, Lncv_Versuche * Lncv_Wartezeit - 1e-9) << "all tries of Read_Mag";
-    EXPECT_EQ(bild(2, 2), monBild(2, 2));
-}
-
 TEST_F(Monitoransicht, ShowMonitorAsksTheReceiversAndShowsTheirLastTrain)
 {
     empfaenger(2, 5, 3);
@@ -331,24 +320,6 @@ TEST_F(Monitoransicht, AThreeWayTurnoutCyclesItsAspectsSkippingZero)
         EXPECT_EQ(sim.geraete().weiche(8), s >> 1) << s;
         EXPECT_EQ(bild(2, 2), QStringLiteral("dw301_%1%2.bmp").arg(s & 1 ? 'g' : 'r').arg(s >> 1 ? 'g' : 'r'));
     }
-}
-
-TEST_F(Monitoransicht, OnlyAccessoriesWithAnAddressAreSwitched)
-{
-    setzen(2, 2, 101);      // no address
-    setzen(3, 2, 9, 5);     // a track piece with a stray address
-    setzen(4, 2, 800, 6);
-    monitor->Show_Monitor(&link);
-    EXPECT_FALSE(monitor->schaltbar(2, 2));
-    EXPECT_FALSE(monitor->schaltbar(3, 2));
-    EXPECT_FALSE(monitor->schaltbar(4, 2));
-    const int vorher = sim.geraete().empfangeneNachrichten();
-    for (int x = 2; x <= 4; ++x)
-        monitor->Mon_MouseUp_Links(link, x, 2);
-    warten();
-    EXPECT_EQ(sim.geraete().empfangeneNachrichten(), vorher);
-    setzen(5, 2, 501, 9);
-    EXPECT_TRUE(monitor->schaltbar(5, 2));
 }
 
 TEST_F(Monitoransicht, ASwitchCommandOnTheBusShowsItsState)

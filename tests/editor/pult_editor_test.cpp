@@ -24,32 +24,6 @@ TEST_F(Pulteditor, SetzePultElementPlacesAFreshCellAndMarksTheProjectChanged)
     EXPECT_EQ(editor.XY_Alt.XY_ADR1, 99);
 }
 
-TEST_F(Pulteditor, SelectionToolAndLeerChangeNothing)
-{
-    setzen(2, 3, Weiche101);
-    anlage.PultGeaendert = 0;
-    for (int element : {int(Auswahl), int(Leer), 0})
-        editor.SetzePultElement(element);
-    EXPECT_EQ(anlage.XY(2, 3).XY_Element, Weiche101);
-    EXPECT_EQ(anlage.PultGeaendert, 0);
-    editor.Elemente_Click(Auswahl);
-    EXPECT_TRUE(editor.MarkenMode);
-    EXPECT_EQ(editor.zeiger, PultZeiger::Pfeil);
-    editor.Pult_LinksKlick(3, 3);
-    EXPECT_EQ(anlage.XY(3, 3).XY_Element, Leer);
-}
-
-TEST_F(Pulteditor, SetzeTextIgnoresCoordinatesAboveThePanelSize)
-{
-    neuGezeichnet.clear();
-    editor.SetzeText(31, 1);
-    editor.SetzeText(1, 31);
-    editor.SetzeText(0, 5);
-    EXPECT_TRUE(neuGezeichnet.isEmpty());
-    editor.SetzeText(30, 30);
-    EXPECT_EQ(neuGezeichnet, QList<QPoint>{QPoint(30, 30)});
-}
-
 TEST_F(Pulteditor, EraserDeletesAndKeepsOneUndoStep)
 {
     modul(4, 4, 17);
@@ -78,23 +52,6 @@ TEST_F(Pulteditor, UndoKeepsOnlyTheLastDeletion)
     setzen(5, 5, GeradeW);
     editor.Cntrl_Z(); // undo after undo does nothing
     EXPECT_EQ(anlage.XY(5, 5).XY_Element, GeradeW);
-}
-
-TEST_F(Pulteditor, SelectionCornersInAnyOrder)
-{
-    editor.Pult_Auswahl(5, 4, 3, 2);
-    EXPECT_TRUE(editor.MarkAktiv);
-    EXPECT_EQ(editor.MarkX, 3);
-    EXPECT_EQ(editor.MarkY, 2);
-    EXPECT_EQ(editor.MarkBreite, 2);
-    EXPECT_EQ(editor.MarkHoehe, 2);
-    editor.Pult_Auswahl(7, 7, 7, 7);
-    EXPECT_FALSE(editor.MarkAktiv);
-    // Copy without a selection does nothing.
-    editor.Cntrl_C_X(PultEditor::TasteC);
-    EXPECT_FALSE(editor.ClipVoll);
-    editor.Cntrl_V();
-    EXPECT_TRUE(meldungen.texte.isEmpty());
 }
 
 TEST_F(Pulteditor, CopyAndPasteABlockWithItsAddressesAndModules)
@@ -127,17 +84,6 @@ TEST_F(Pulteditor, CopyAndPasteABlockWithItsAddressesAndModules)
     EXPECT_EQ(anlage.XY(3, 2).XY_ADR1, 12) << "copy leaves the source";
 }
 
-TEST_F(Pulteditor, CutDeletesTheSelection)
-{
-    setzen(2, 2, GeradeW);
-    modul(3, 2, 33);
-    editor.Pult_Auswahl(2, 2, 3, 2);
-    editor.Cntrl_C_X(PultEditor::TasteX);
-    EXPECT_EQ(anlage.XY(2, 2), anlage.XY_Leer());
-    EXPECT_EQ(anlage.XY(3, 2), anlage.XY_Leer());
-    EXPECT_EQ(editor.XY_Clip(1, 0).XY_LNCV(0), 33);
-}
-
 TEST_F(Pulteditor, PastingAtTheLastColumnFailsWithTheMessage)
 {
     setzen(2, 2, GeradeW);
@@ -156,17 +102,6 @@ TEST_F(Pulteditor, PastingAtTheLastColumnFailsWithTheMessage)
     editor.Cntrl_V();
     EXPECT_EQ(anlage.XY(30, 5).XY_Element, GeradeW);
     EXPECT_EQ(meldungen.texte.size(), 1);
-}
-
-TEST_F(Pulteditor, ASelectionLargerThanTheClipboardFailsWithTheBoundsError)
-{
-    anlage.DimensionenX = 99;
-    editor.Pult_Auswahl(1, 1, 52, 1);
-    editor.Cntrl_C_X(PultEditor::TasteC);
-    EXPECT_FALSE(editor.ClipVoll);
-    ASSERT_EQ(berichte.texte.size(), 1);
-    EXPECT_TRUE(berichte.texte.front().startsWith(
-        QStringLiteral(" Fehler in : MainWin : Cntrl_C_X\n Fehlernummer: 9 -> ")));
 }
 
 TEST_F(Pulteditor, PlacingOverAModuleCellOpensItsConfigurationInstead)

@@ -147,29 +147,6 @@ TEST_F(SeriellePty, RefusedOpeningsAreToldWithTheirCause)
     EXPECT_TRUE(fehler.contains(QStringLiteral("dialout")));
 }
 
-TEST(SerielleEinstellungen, SettingsFromText)
-{
-    using P = QSerialPort;
-    const struct {
-        const char* text;
-        int baud;
-        P::Parity paritaet;
-        P::DataBits daten;
-        P::StopBits stopp;
-    } faelle[] = {{"19200,n,8,2", 19200, P::NoParity, P::Data8, P::TwoStop},
-                  {"115200,N,8,1", 115200, P::NoParity, P::Data8, P::OneStop},
-                  {"2400, e, 7, 1.5", 2400, P::EvenParity, P::Data7, P::OneAndHalfStop},
-                  {"16457,n,8,2", 16457, P::NoParity, P::Data8, P::TwoStop}};
-    for (const auto& f : faelle) {
-        const std::optional<PortParameter> p = PortParameterLesen(QLatin1String(f.text));
-        ASSERT_TRUE(p) << f.text;
-        EXPECT_EQ(std::tie(p->baud, p->paritaet, p->daten, p->stopp), std::tie(f.baud, f.paritaet, f.daten, f.stopp));
-    }
-    for (const char* falsch : {"", "19200", "19200,n,8", "abc,n,8,2", "0,n,8,2", "19200,x,8,2", "19200,n,9,2",
-                               "19200,n,8,3", "19200,n,8,2,1"})
-        EXPECT_FALSE(PortParameterLesen(QLatin1String(falsch))) << falsch;
-}
-
 TEST(SerielleEinstellungen, ComPortNumbersChosenDevicesAndTheUsbSearch)
 {
     EXPECT_EQ(GeraetFuerComPort(1), QStringLiteral("/dev/ttyS0"));
