@@ -77,19 +77,3 @@ TEST(LncvInitBefehl, SessionsEndOnTheWireThroughAPseudoTerminalAndThroughTcp)
     }
 }
 
-// After init through a pseudo-terminal the module answers at its new address with the written values.
-TEST(LncvInitBefehl, InitThroughAPseudoTerminalThenReadBack)
-{
-    Prozess sim(QStringLiteral("sim"), argumente("--pty --module 47120:12"));
-    const QString port = seriell(sim.zeile(QStringLiteral("PTY ")));
-    const Lauf l = planorCli(QStringLiteral("init"),
-                             argumente("--article 47120 --address 77 --address2 78 --sensors single --port") << port);
-    ASSERT_EQ(l.status, 0) << l.fehler.toStdString();
-    for (const auto& [lncv, wert] : {std::pair{"0", "77"}, {"1", "78"}, {"2", "1"}, {"15", "1"}, {"5", "0"}}) {
-        const Lauf r = planorCli(QStringLiteral("lncv"), argumente("read --article 47120 --address 77 --lncv")
-                                                             << QString::fromLatin1(lncv) << QStringLiteral("--port")
-                                                             << port);
-        EXPECT_EQ(r.status, 0) << r.fehler.toStdString();
-        EXPECT_EQ(r.aus, QString::fromLatin1(wert) + u'\n') << "LNCV " << lncv;
-    }
-}

@@ -40,36 +40,6 @@ protected:
     }
 };
 
-TEST_F(AdrEingabe, LoadsTheFieldsOfTheType)
-{
-    EXPECT_FALSE(AdrEingabe_laden(anlage, katalog, 4, 4).has_value());
-    setzen(2, 3, 521);
-    anlage.XY(2, 3).XY_ADR1 = 5;
-    anlage.XY(2, 3).XY_ADR2 = 99;
-    anlage.XY(2, 3).XY_ADR3 = 7;
-    AdrEingabe_Zustand z = laden(2, 3);
-    EXPECT_EQ(AdrTextfelder(z), 2);
-    EXPECT_EQ(z.AdrTxt[0], QStringLiteral("5"));
-    EXPECT_EQ(z.AdrTxt[1], QStringLiteral("7"));
-    EXPECT_FALSE(EingangSichtbar(z));
-
-    empfaenger(3, 3, 12, 47130);
-    z = laden(3, 3);
-    EXPECT_TRUE(z.felder.empfaenger);
-    EXPECT_EQ(AdrTextfelder(z), 1);
-    EXPECT_EQ(z.AdrTxt[0], QStringLiteral("12"));
-    EXPECT_EQ(z.ArtNrCb, 2);
-
-    // A new receiver has no article yet, and OK waits for one.
-    setzen(4, 3, 830);
-    z = laden(4, 3);
-    EXPECT_EQ(z.ArtNrCb, -1);
-    z.AdrTxt[0] = QStringLiteral("5");
-    EXPECT_FALSE(AdrOKFrei(z));
-    z.ArtNrCb = 4;
-    EXPECT_TRUE(AdrOKFrei(z));
-}
-
 TEST_F(AdrEingabe, UpperLimits2047And4096TurnTheFieldRedAndDisableOK)
 {
     setzen(1, 1, 201);

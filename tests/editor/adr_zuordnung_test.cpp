@@ -175,39 +175,6 @@ TEST_F(AdrZuordnungTest, AClickOnATurnoutOpensAdrEingabeAndRedrawsAfterOK)
 
 // --- an accessory address from the bus ---
 
-TEST_F(AdrZuordnungTest, Adr12AbfrageChoosesTheField)
-{
-    struct Fall {
-        int typ, antwort, anzahl;
-        Integer XY_Typ::*ziel;
-    };
-    // anzahl 0: one field, no question; antwort 0: the question closed.
-    for (const Fall& f : {Fall {105, 1, 0, &XY_Typ::XY_ADR1}, Fall {201, 1, 2, &XY_Typ::XY_ADR1},
-             Fall {201, 2, 2, &XY_Typ::XY_ADR2}, Fall {302, 2, 2, &XY_Typ::XY_ADR2}, Fall {511, 2, 2, &XY_Typ::XY_ADR2},
-             Fall {521, 2, 2, &XY_Typ::XY_ADR3}, Fall {531, 2, 3, &XY_Typ::XY_ADR2}, Fall {532, 3, 3, &XY_Typ::XY_ADR3},
-             Fall {201, 0, 2, nullptr}}) {
-        SCOPED_TRACE(f.typ * 10 + f.antwort);
-        setzen(3, 3, f.typ);
-        adrAnzeige.ereignisse.clear();
-        zellen.gezeichnet.clear();
-        anlage.PultGeaendert = 0;
-        adrAnzeige.abfrage = f.antwort;
-        ausBus(magnetartikelMeldung(130));
-        maus.PultAdr_MouseDown(3, 3);
-        EXPECT_EQ(adrAnzeige.mit(QStringLiteral("abfrage:")),
-            f.anzahl ? QStringList {QStringLiteral("abfrage:%1").arg(f.anzahl)} : QStringList {});
-        const XY_Typ& c = anlage.XY(3, 3);
-        EXPECT_EQ(int(c.XY_ADR1 == 130) + int(c.XY_ADR2 == 130) + int(c.XY_ADR3 == 130), f.ziel ? 1 : 0);
-        if (f.ziel) {
-            EXPECT_EQ(c.*f.ziel, 130);
-            EXPECT_TRUE(adrAnzeige.ereignisse.contains(QStringLiteral("pultAdr:3,3")));
-            EXPECT_TRUE(zellen.gezeichnet.contains(QPoint(3, 3)));
-        }
-        EXPECT_EQ(anlage.PultGeaendert, f.ziel ? 1 : 0);
-        EXPECT_FALSE(maus.AdrAusBus);
-    }
-}
-
 TEST_F(AdrZuordnungTest, AnAddressWaitsForACellOfItsKind)
 {
     setzen(2, 2, 800);

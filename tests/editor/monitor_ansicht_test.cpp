@@ -97,26 +97,6 @@ TEST_F(Monitoransicht, SetMonDrawsTheMonitorPictureAndNotesEveryAddress)
     EXPECT_EQ(monitor->MagZelle(23).x, 0);
 }
 
-TEST_F(Monitoransicht, ReceiversOfTheFiveArticlesShowADashInArial8BoldCentred)
-{
-    int x = 1;
-    for (const Long art : {47120, 47220, 47230, 47240, 5330}) {
-        empfaenger(x, 2, Integer(x));
-        monitor->set_mon(x, 2);
-        EXPECT_EQ(text(x, 2), QStringLiteral("-")) << art;
-        const auto schrift = mon.index(1, x - 1).data(SchriftRolle).value<ZellSchrift>();
-        EXPECT_EQ(schrift, (ZellSchrift{QStringLiteral("Arial"), 8, true})) << art;
-        EXPECT_EQ(Qt::Alignment(mon.index(1, x - 1).data(Qt::TextAlignmentRole).toInt()), Qt::AlignCenter) << art;
-        EXPECT_EQ(monitor->NavikStatus(x).zelle.x, x);
-        ++x;
-    }
-    // Another article, a controller, shows no dash and is no monitored receiver.
-    empfaenger(7, 2, 100, 47320);
-    monitor->set_mon(7, 2);
-    EXPECT_EQ(text(7, 2), QString());
-    EXPECT_EQ(monitor->NavikStatus(100).zelle.x, 0);
-}
-
 TEST_F(Monitoransicht, ShowMonitorReadsTheStatesOfTheAddressesInUse)
 {
     setzen(2, 2, 101, 1);

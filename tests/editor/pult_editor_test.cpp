@@ -104,42 +104,6 @@ TEST_F(Pulteditor, PastingAtTheLastColumnFailsWithTheMessage)
     EXPECT_EQ(meldungen.texte.size(), 1);
 }
 
-TEST_F(Pulteditor, PlacingOverAModuleCellOpensItsConfigurationInstead)
-{
-    modul(6, 6, 21);
-    anlage.XY(6, 6).XY_BETR = 3;
-    int konfiguriert = -2;
-    QObject::connect(&editor, &PultEditor::modulKonfigurieren,
-                     [&](int x, int y, int betr) { konfiguriert = x == 6 && y == 6 ? betr : -3; });
-    editor.Elemente_Click(GeradeW);
-    editor.Pult_LinksKlick(6, 6);
-    EXPECT_EQ(konfiguriert, 3);
-    EXPECT_EQ(anlage.XY(6, 6).XY_Element, Empf800);
-    EXPECT_EQ(anlage.XY(6, 6).XY_LNCV(0), 21);
-}
-
-TEST_F(Pulteditor, ClickPlacesTheChosenElementAndTellsWhere)
-{
-    QStringList info;
-    QObject::connect(&editor, &PultEditor::infoText, [&](int feld, const QString& t) {
-        if (feld == 2)
-            info << t;
-    });
-    editor.Elemente_Click(Weiche101);
-    EXPECT_EQ(info.last(), QStringLiteral(" Auswahl: Weiche rechts"));
-    EXPECT_EQ(editor.zeiger, PultZeiger::Kreuz);
-    editor.Pult_LinksKlick(7, 8);
-    EXPECT_EQ(anlage.XY(7, 8).XY_Element, Weiche101);
-    EXPECT_EQ(info.last(), QStringLiteral("Weiche rechts  :  X: 7 - Y: 8"));
-    EXPECT_TRUE(editor.EleDrehenMoeglich);
-
-    editor.Elemente_Click(Radierer);
-    EXPECT_EQ(editor.zeiger, PultZeiger::Radierer);
-    editor.Pult_LinksKlick(7, 8);
-    EXPECT_EQ(info.last(), QStringLiteral("  :  X: 7 - Y: 8"));
-    EXPECT_FALSE(editor.EleDrehenMoeglich);
-}
-
 TEST_F(Pulteditor, RotationWalksTheFamilyInARing)
 {
     // Element before, element after one turn.

@@ -231,35 +231,6 @@ TEST_F(LncvAustausch, AForeignAnswerIsIgnored)
     }
 }
 
-TEST_F(LncvAustausch, TheReceptionTableIsClearedBeforeWaiting)
-{
-    const struct {
-        Ablauf ablauf;
-        bool ganz;  // else only position 0 and the flag of rows 0..2
-    } faelle[] = {{Ablauf::ProgOn, true}, {Ablauf::ReadLncv, true}, {Ablauf::AskNavik, true},
-                  {Ablauf::ProgLncv, false}, {Ablauf::ReadMag, false}};
-    Empfang& e = link.empfang();
-    for (const auto& f : faelle) {
-        SCOPED_TRACE(int(f.ablauf));
-        for (int zeile : {0, 1, 2, int(ZeileSlRdData), int(ZeileNavik)}) {
-            e.setzeWert(zeile, 0, zeile == ZeileNavik ? 0xE4 : 0xB4);
-            e.setzeWert(zeile, 1, 0x3C);
-            e.setzeWert(zeile, 2, 0x30);
-            e.setzeWert(zeile, EmpfangFlag, -1);
-        }
-        // The stale acknowledgement in row 0 is not taken for an answer.
-        EXPECT_EQ(ausfuehren(f.ablauf, 16, 300), f.ablauf == Ablauf::AskNavik ? ProgOK : ProgKeineAntwort);
-        for (int zeile : {0, 1, 2}) {
-            EXPECT_EQ(e.wert(zeile, 0), 0);
-            EXPECT_FALSE(e.geflaggt(zeile));
-            EXPECT_EQ(e.wert(zeile, 1), f.ganz ? 0 : 0x3C);
-        }
-        EXPECT_EQ(e.geflaggt(ZeileNavik), !f.ganz);
-        EXPECT_EQ(e.wert(ZeileSlRdData, 1), f.ganz ? 0 : 0x3C);
-    }
-    EXPECT_EQ(zustand, 7);
-}
-
 TEST_F(LncvAustausch, OwnEchoIsNotTakenForTheAnswer)
 {
     bus->echo = true;
@@ -272,31 +243,6 @@ TEST_F(LncvAustausch, OwnEchoIsNotTakenForTheAnswer)
     EXPECT_EQ(ausfuehren(Ablauf::ProgOn, 1234), ProgOK);
     EXPECT_EQ(ausfuehren(Ablauf::ReadLncv, 16), ProgOK);
     EXPECT_EQ(gelesen, 210);
-}
-
-TEST_F(LncvAustausch, WholeSessionProgramsTheModule)
-{
-    LncvModul modul(uhr, *bus, 4723, 1234);
-    modul.werte[16] = 210;
-    ASSERT_EQ(ausfuehren(Ablauf::ProgOn, 1234), ProgOK);
-    ASSERT_EQ(ausfuehren(Ablauf::ReadLncv, 16), ProgOK);
-    EXPECT_EQ(gelesen, 210);
-    ASSERT_EQ(ausfuehren(Ablauf::ProgLncv, 5, 300), ProgOK);
-    ASSERT_EQ(ausfuehren(Ablauf::ProgOff, 1234), ProgOK);
-    EXPECT_EQ(h(bus->gesendet), h(on() + lies(16) + schreib(5, 300) + off()));
-    EXPECT_EQ(modul.werte[5], 300);
-    EXPECT_FALSE(modul.sitzung);
-}
-
-TEST_F(LncvAustausch, ProgErrorMeldungShowsTheCodesTextUnderAStopIcon)
-{
-    Meldungen benutzer;
-    prog_error_meldung(benutzer, 2);
-    prog_error_meldung(benutzer, 7);
-    const QString titel = QStringLiteral("Fehler bei Lesen oder Programmieren eines Moduls|Fehler:\n");
-    EXPECT_EQ(benutzer.texte, (QStringList{titel + QStringLiteral("Modul reagiert nicht"),
-                                           titel + QStringLiteral("Unbekannter Fehler!")}));
-    EXPECT_EQ(benutzer.symbole, (std::vector<Symbol>{Symbol::Kritisch, Symbol::Kritisch}));
 }
 
 TEST_F(LncvAustausch, NavikVersionByArticleAndLncv16)

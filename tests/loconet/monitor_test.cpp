@@ -314,26 +314,6 @@ TEST_F(Monitor, TraceThatCannotBeOpenedIsUndoneWithTheReason)
     EXPECT_EQ(ohneOrdner.status(), QString());
 }
 
-// State and lifecycle: Slot_Tab fills only while the monitor runs.
-TEST_F(Monitor, SlotTableFillsOnlyWhileRunning)
-{
-    const QByteArray slot5 = msg({0xE7, 0x0E, 0x05, 0x00, 0x22, 0x10, 0x00, 0x00, 0x00, 0x01, 0x00, 0x00, 0x00});
-    empfang.bytes(slot5);
-    EXPECT_EQ(monitor.zustand().Lokadresse(5), 0);
-    empfang.bytes(msg({0xA0, 0x05, 0x20}));
-    EXPECT_EQ(monitor.ansicht(), QString());
-
-    laufen();
-    empfang.bytes(msg({0xA0, 0x05, 0x20}));
-    empfang.bytes(slot5);
-    EXPECT_EQ(monitor.zustand().Lokadresse(5), 162);
-    empfang.bytes(msg({0xA0, 0x05, 0x20}));
-    EXPECT_EQ(monitor.ansicht(),
-        QStringLiteral("Lok 0 = Geschw. 32\n"
-                       "Slot  5 = Lokadr. 162, Geschw. 16 ,vorwärts \n"
-                       "Lok 162 = Geschw. 32\n"));
-}
-
 TEST_F(Monitor, CancelClearsTheMonitorsStateButKeepsTheOptions)
 {
     laufen();

@@ -394,20 +394,3 @@ TEST_F(Fehlerlauf, ReadEinzelnAsksFromTheSecondEmptyClick)
     EXPECT_TRUE(aufDemBus.empty());
 }
 
-TEST_F(Fehlerlauf, ReadEinzelnNoGoesOnWaiting)
-{
-    const QPoint p = zelle(0);
-    modulVon(p.x(), p.y())->setzeLncv(25, 99);
-    anzeige.klicks = {QPoint(1, 1), QPoint(1, 2), QPoint(1, 3), p};
-    anzeige.ja = false;
-    EXPECT_TRUE(Read_einzeln(u));
-    EXPECT_EQ(anzeige.mit(QStringLiteral("jaNein:")).size(), 2);
-    EXPECT_EQ(anlage.XY(p.x(), p.y()).XY_LNCV(25), 99);
-    EXPECT_EQ(anzeige.ereignisse.first(),
-        QStringLiteral("frage:Modul-Auslesen|                         Ein Modul auslesen!!         \n"
-                       "                Bitte das Modul mit der Maus auswählen  \n"
-                       "  Es werden alle Einstellungen im Programm mit den Werten aus dem Modul überschrieben\n"
-                       "              Beachten Sie die Hinweise in der Info-Zeile!"));
-    EXPECT_EQ(anzeige.zeile1, QStringLiteral("Auslesen beendet !!!"));
-}
-

@@ -147,21 +147,3 @@ TEST_F(SeriellePty, RefusedOpeningsAreToldWithTheirCause)
     EXPECT_TRUE(fehler.contains(QStringLiteral("dialout")));
 }
 
-TEST(SerielleEinstellungen, ComPortNumbersChosenDevicesAndTheUsbSearch)
-{
-    EXPECT_EQ(GeraetFuerComPort(1), QStringLiteral("/dev/ttyS0"));
-    EXPECT_EQ(GeraetFuerComPort(255), QStringLiteral("/dev/ttyS254"));
-    EXPECT_EQ(GeraetFuerComPort(3, QStringLiteral(" /dev/ttyUSB0 ")), QStringLiteral("/dev/ttyUSB0"));
-    EXPECT_EQ(GeraetFuerComPort(0), QString());
-    EXPECT_EQ(GeraetFuerComPort(0, QStringLiteral("/dev/ttyACM0")), QStringLiteral("/dev/ttyACM0"));
-    auto usb = [](int n, quint16 hersteller, quint16 produkt) {
-        return PortEintrag{QStringLiteral("/dev/ttyUSB%1").arg(n), QStringLiteral("ttyUSB%1").arg(n), {}, hersteller,
-                           produkt};
-    };
-    const QList<PortEintrag> funde = UsbInterfaceSuchen({{QStringLiteral("/dev/ttyS0"), QStringLiteral("ttyS0"), {}, {}, {}},
-                                                        usb(0, 0x10C4, 0xEA60), usb(1, 0x10C4, 0xEA70),
-                                                        usb(2, 0x0403, 0xEA60), usb(3, 0x10C4, 0xEA60)});
-    ASSERT_EQ(funde.size(), 2);
-    EXPECT_EQ(funde[0].geraet, QStringLiteral("/dev/ttyUSB0"));
-    EXPECT_EQ(funde[1].geraet, QStringLiteral("/dev/ttyUSB3"));
-}

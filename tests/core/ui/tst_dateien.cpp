@@ -79,19 +79,6 @@ private slots:
         QVERIFY(win->bereich().Pult->isVisible());
     }
 
-    void TheLastProjectOpensAtStart()
-    {
-        neueAnlage(QStringLiteral("Letzte.anl"));
-        win->editor().setzeAktuell(2, 2);
-        win->editor().SetzePultElement(typ(9));
-        aktion("PultSpeichernMenu")->trigger();
-        QVERIFY(win->close());
-        win = &p->neu().starten();
-        QCOMPARE(anlage().File, QStringLiteral("Letzte.anl"));
-        QCOMPARE(anlage().XY(2, 2).XY_Element, typ(9));
-        QVERIFY(win->bereich().Pult->isVisible() && aktion("PultSpeichernMenu")->isEnabled());
-    }
-
     void ExitWithYesSavesTheProject()
     {
         neueAnlage(QStringLiteral("Ende.anl"));

@@ -114,20 +114,6 @@ private slots:
         QCOMPARE(simulator->geraete().weiche(adresse()), 0);
         QCOMPARE(bild(), programm->katalog.ElementTab(zelle(weiche).XY_Element).Bmp);
     }
-    void TheMiddleButtonOpensMagArtStatus()
-    {
-        monitorMitGruen();
-        QString option;
-        wennSichtbar(QStringLiteral("MagArtStatus"), [&](QWidget* form) {
-            option = kind<QRadioButton>(form, QStringLiteral("AdrOpt(1)"))->text();
-            QVERIFY(kind<QRadioButton>(form, QStringLiteral("StatOpt(1)"))->isChecked());
-            kind<QRadioButton>(form, QStringLiteral("StatOpt(0)"))->click();
-            ok(form);
-        });
-        monKlick(Qt::MiddleButton);
-        QCOMPARE(option, QStringLiteral("Adresse: %1").arg(adresse()));
-        QCOMPARE(simulator->geraete().weiche(adresse()), 0);
-    }
     void TheRightButtonOpensTauschFormAndRedraws()
     {
         monitorMitGruen();
