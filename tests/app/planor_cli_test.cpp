@@ -10,13 +10,6 @@ namespace {
 
 QString golden(const char* name) { return QStringLiteral(PLANOR_TESTDATA "/projekt/") + QLatin1String(name); }
 
-void schreiben(const QString& pfad, const QByteArray& bytes)
-{
-    QFile f(pfad);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
-
 // All but the date of the header line.
 QByteArray rumpf(const QByteArray& b) { return b.mid(b.indexOf("\r\n")); }
 

@@ -60,7 +60,7 @@ inline QString testdaten(const QString& name) { return QStringLiteral(PLANOR_TES
 inline QByteArray golden(const QString& name) { return datei(testdaten(name)); }
 #endif
 
-// A template for the same reason as PrintTo: a file's own writer still wins.
+// A template, so that the widget tests' own writer (gui.h) takes precedence.
 template <typename = void>
 void schreiben(const QString& pfad, const QByteArray& bytes)
 {

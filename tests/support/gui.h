@@ -1,7 +1,7 @@
 #pragma once
 // Helpers of the widget tests: answering the modal forms that a step waits on.
 
-#include "core/fehlerbehandlung.h"
+#include "tests/support/berichte.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -59,16 +59,6 @@ inline void startDruecken(QString* infoLbl = nullptr)
     });
 }
 
-// A control of a form by its objectName; a missing one ends the test run.
-template <typename T>
-T* kind(QWidget* form, const QString& name)
-{
-    T* w = form->findChild<T*>(name);
-    if (!w)
-        qFatal("control %s is missing", qPrintable(name));
-    return w;
-}
-
 inline void schreiben(const QString& datei, const QByteArray& bytes)
 {
     QFile f(datei);
@@ -80,6 +70,16 @@ inline QByteArray lesen(const QString& datei)
 {
     QFile f(datei);
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// A control of a form by its objectName; a missing one ends the test run.
+template <typename T>
+T* kind(QWidget* form, const QString& name)
+{
+    T* w = form->findChild<T*>(name);
+    if (!w)
+        qFatal("control %s is missing", qPrintable(name));
+    return w;
 }
 
 // Replaces a field's text by typing, as a user does. This and `rot` are
@@ -108,13 +108,6 @@ inline void klick(QWidget* box, QMessageBox::StandardButton knopf)
 {
     QTest::mouseClick(static_cast<QMessageBox*>(box)->button(knopf), Qt::LeftButton);
 }
-
-// Error reports collected instead of shown; a test's cleanup expects none
-// unless the test took them out itself.
-struct BerichtSammler final : FehlerAnzeige {
-    void zeigen(const QString&, const QString& text) override { texte << text; }
-    QStringList texte;
-};
 
 // Answers every visible top-level window of a name each time it shows, and
 // notes what it saw: the objectName, or "title|text|icon" of a message box.

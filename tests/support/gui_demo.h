@@ -26,11 +26,6 @@ namespace planor::test {
 
 class DemoProgramm {
 public:
-    struct Berichte final : FehlerAnzeige {
-        void zeigen(const QString&, const QString& text) override { texte << text; }
-        QStringList texte;
-    };
-
     // Steps of Main, the demo loaded. `mitModulen`: the simulator holds the
     // project's modules from the first opening on, at factory values.
     bool starten(bool mitModulen)
@@ -84,7 +79,7 @@ public:
     QTemporaryDir ordner;
     SystemUhr uhr;
     TestUhr testUhr{QDateTime(QDate(2026, 1, 1), QTime(12, 0))};
-    Berichte berichte;
+    GesammelteBerichte berichte;
     std::unique_ptr<Simulator> simulator;
     std::unique_ptr<Programm> programm;
     MainWin* win = nullptr;

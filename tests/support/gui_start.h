@@ -32,18 +32,6 @@ inline void ersterStartMitSimulation(Programm& programm)
     });
 }
 
-// The link as on a computer without the interface: closed, and set to a
-// device that is not there, so that the next open_com fails with err 8002
-// under "ComPort öffnen".
-inline void ohneHardware(Programm& programm, MainWin& win)
-{
-    win.schnittstelle().schliessen();
-    programm.einstellungen.Verbindung = Verbindungsart::Seriell;
-    programm.einstellungen.LocoNetInterface = true;
-    programm.einstellungen.USBInterface = true;
-    programm.einstellungen.ComPortGeraet = QStringLiteral("/dev/planor-gibt-es-nicht");
-}
-
 // A transport that cannot be opened, as a simulator that is not there.
 struct OhneVerbindung final : Transport {
     bool oeffnen(QString& fehler) override
@@ -81,7 +69,7 @@ struct Programmordner {
     QTemporaryDir ordner;
     TestUhr uhr{QDateTime(QDate(2026, 11, 21), QTime(9, 5, 7))};
     SystemUhr systemUhr;
-    BerichtSammler berichte;
+    GesammelteBerichte berichte;
     std::unique_ptr<Programm> programm;
     int erzeugt = 0, scheitern = 0;
 };
