@@ -51,6 +51,18 @@ protected:
     }
 
     void waehle(const QString& artikel) { NavInit_ArtNrCb_Click(form, int(form.artikelListe.indexOf(artikel))); }
+    // A fresh form filled in as the user does; senOpt -1: no sensor option chosen.
+    void ausfuellen(const char* artikel, int senOpt, const char* adr1, const char* adr2 = "")
+    {
+        form = NavInitForm{};
+        NavInit_Form_Load(form);
+        if (artikel)
+            waehle(QString::fromLatin1(artikel));
+        if (senOpt >= 0)
+            NavInit_SenOpt_Click(form, senOpt);
+        form.adr1 = QString::fromLatin1(adr1);
+        form.adr2 = QString::fromLatin1(adr2);
+    }
 
     NavInitErgebnis start(Long* code = nullptr)
     {
@@ -80,14 +92,6 @@ const QString EingabeFehler = QStringLiteral(
     "Fehler|Moduladresse1, Moduladresse2 oder Konfiguration der Sensoreingänge\n"
     "nicht oder nicht richtig eingestellt! Bitte ändern!");
 const QString Frage = QStringLiteral("Achtung!|Haben Sie nur ein Modul an LocoNet angeschlossen");
-
-std::vector<std::string> hs(const std::vector<QByteArray>& nachrichten)
-{
-    std::vector<std::string> s;
-    for (const QByteArray& n : nachrichten)
-        s.push_back(h(mitPruefsumme(n)));
-    return s;
-}
 
 // A builder's message as it goes on the wire, with its checksum.
 std::string m(const QByteArray& n) { return h(mitPruefsumme(n)); }
@@ -144,16 +148,8 @@ TEST_F(NavInit, InputChecks)
         {nullptr, 1, "4096", "", false},
     };
     for (const Zeile& z : zeilen) {
-        SCOPED_TRACE(std::string(z.artikel ? z.artikel : "-") + " " + std::to_string(z.senOpt) + " " + z.adr1 + " "
-            + z.adr2);
-        form = NavInitForm {};
-        NavInit_Form_Load(form);
-        if (z.artikel)
-            waehle(QString::fromLatin1(z.artikel));
-        if (z.senOpt >= 0)
-            NavInit_SenOpt_Click(form, z.senOpt);
-        form.adr1 = QString::fromLatin1(z.adr1);
-        form.adr2 = QString::fromLatin1(z.adr2);
+        SCOPED_TRACE(std::string(z.artikel ? z.artikel : "-") + " " + std::to_string(z.senOpt) + " " + z.adr1 + " " + z.adr2);
+        ausfuellen(z.artikel, z.senOpt, z.adr1, z.adr2);
         EXPECT_EQ(NavInitEingabeGueltig(form), z.gueltig);
     }
     meldungen = {};
@@ -170,10 +166,7 @@ TEST_F(NavInit, NavikModuleGetsItsAddressesAndIsClearedInOrder)
 {
     SimModul& modul = neuesModul(47220, 12);
     const quint16 version = modul.lncv(16);
-    waehle(QStringLiteral("47220"));
-    NavInit_SenOpt_Click(form, 0);
-    form.adr1 = QStringLiteral("300");
-    form.adr2 = QStringLiteral("301");
+    ausfuellen("47220", 0, "300", "301");
 
     Long code = -1;
     EXPECT_EQ(start(&code), NavInitErgebnis::Geschrieben);
@@ -181,14 +174,14 @@ TEST_F(NavInit, NavikModuleGetsItsAddressesAndIsClearedInOrder)
     uhr.weiter(100);
 
     // The bus traffic: session with 65535, the writes in their fixed order, the end.
-    std::vector<QByteArray> erwartet{Prog_On_Nachricht(4722, 65535), Prog_Lncv_Nachricht(4722, 0, 300),
-                                     Prog_Lncv_Nachricht(4722, 1, 301), Prog_Lncv_Nachricht(4722, 2, 1),
-                                     Prog_Lncv_Nachricht(4722, 15, 1)};
+    std::vector<std::string> erwartet{m(Prog_On_Nachricht(4722, 65535)), m(Prog_Lncv_Nachricht(4722, 0, 300)),
+                                      m(Prog_Lncv_Nachricht(4722, 1, 301)), m(Prog_Lncv_Nachricht(4722, 2, 1)),
+                                      m(Prog_Lncv_Nachricht(4722, 15, 1))};
     for (Long i = 3; i <= 127; ++i)
         if (i != 15 && i != 16)
-            erwartet.push_back(Prog_Lncv_Nachricht(4722, i, 0));
-    erwartet.push_back(Prog_Off_Nachricht(4722, 65535));
-    EXPECT_EQ(gesendet, hs(erwartet));
+            erwartet.push_back(m(Prog_Lncv_Nachricht(4722, i, 0)));
+    erwartet.push_back(m(Prog_Off_Nachricht(4722, 65535)));
+    EXPECT_EQ(gesendet, erwartet);
     ASSERT_FALSE(gesendet.empty());
     EXPECT_EQ(gesendet.front(), "ED 0F 08 05 00 21 70 72 12 00 00 7F 7F 00 21");
     EXPECT_EQ(gesendet[1], "ED 0F 08 05 00 20 00 72 12 00 00 2C 01 00 7D");
@@ -229,13 +222,7 @@ TEST_F(NavInit, EachKindGetsItsValues)
     for (const Zeile& z : zeilen) {
         SCOPED_TRACE(z.artikel);
         SimModul& modul = neuesModul(z.artikel, z.adresse);
-        form = NavInitForm{};
-        NavInit_Form_Load(form);
-        waehle(QString::number(z.artikel));
-        if (z.senOpt >= 0)
-            NavInit_SenOpt_Click(form, z.senOpt);
-        form.adr1 = QString::fromLatin1(z.adr1);
-        form.adr2 = QString::fromLatin1(z.adr2);
+        ausfuellen(QByteArray::number(z.artikel).constData(), z.senOpt, z.adr1, z.adr2);
         gesendet.clear();
         anzeige = {};
         EXPECT_EQ(start(), NavInitErgebnis::Geschrieben);
@@ -273,11 +260,7 @@ TEST_F(NavInit, FailuresEndTheRunCleanly)
         const std::string fall = z.fall;
         if (fall == "verweigert")
             neuesModul(47240, 3).schreibenVerweigern = true;
-        form = NavInitForm{};
-        NavInit_Form_Load(form);
-        waehle(QStringLiteral("47240"));
-        NavInit_SenOpt_Click(form, 1);
-        form.adr1 = QStringLiteral("20");
+        ausfuellen("47240", 1, "20");
         anzeige = {};
         anzeige.antwort = fall != "nein";
         verbindung.scheitern = fall == "port";
