@@ -79,3 +79,17 @@ TEST(MonitorBefehl, AClosedStdoutEndsItWithStatus1)
     EXPECT_EQ(m.ende(), 1);
     EXPECT_TRUE(m.fehler.contains(QStringLiteral("\nDie Ausgabe kann nicht geschrieben werden: "))) << m.fehler.toStdString();
 }
+
+// A flood without wire time outruns the reader: messages are lost whole in
+// the simulator's terminal, never the link, and no line is broken.
+TEST(MonitorBefehl, ASlowReaderLosesMessagesNotTheLink)
+{
+    Prozess sim(QStringLiteral("sim"), argumente("--pty --flood --wire-time off"));
+    Prozess m = monitor({QStringLiteral("--port"), seriell(sim.zeile(QStringLiteral("PTY ")))});
+    ASSERT_TRUE(laeuft(m));
+    const QStringList z = m.zeilen(20000);
+    EXPECT_EQ(z.size(), 20000);
+    for (const QString& zeile : z)
+        ASSERT_TRUE(Runde.contains(zeile)) << zeile.toStdString();
+    EXPECT_EQ(m.ende(SIGINT), 0) << m.fehler.toStdString();
+}

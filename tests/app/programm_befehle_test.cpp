@@ -58,8 +58,8 @@ protected:
 
 } // namespace
 
-// The modules get the project's values; reading back into a copy with a
-// changed value brings the module's home, and --save writes it to the side file.
+// The modules get the project's values, a second run writes nothing; reading back
+// into a copy with a changed value brings the module's home, and --save writes it.
 TEST_F(ProgrammBefehle, ProgramTheDemoThenReadItBack)
 {
     {
@@ -74,6 +74,29 @@ TEST_F(ProgrammBefehle, ProgramTheDemoThenReadItBack)
     Module m = zustandLesen(zustand);
     EXPECT_EQ(m.size(), 5u);
     EXPECT_EQ((m[{47220, 1}][2]), 23) << "LNCV 2 of 47220_1.lcv";
+
+    // Again: every value is read, none written, the modules' memory unchanged.
+    const QByteArray vorher = datei(zustand);
+    {
+        auto sim = starten({QStringLiteral("--monitor")});
+        // The monitor's lines are read while the command runs, so that the
+        // simulator never blocks on a full pipe.
+        QProcess p;
+        p.start(QStringLiteral(PLANOR_CLI), {QStringLiteral("program"), QStringLiteral(PLANOR_DEMO), QStringLiteral("--port"), port});
+        QByteArray monitorBytes;
+        QDeadlineTimer frist(ProgGrenze);
+        while (!p.waitForFinished(5) && !frist.hasExpired()) {
+            sim->p.waitForReadyRead(5);
+            monitorBytes += sim->p.readAllStandardOutput();
+        }
+        EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
+        EXPECT_EQ(sim->ende(SIGTERM), 0);
+        monitorBytes += sim->p.readAllStandardOutput();
+        const QString monitor = QString::fromUtf8(monitorBytes);
+        EXPECT_TRUE(monitor.contains(QStringLiteral("BUS ED 0F 08 05 00 21"))) << "the second run reads";
+        EXPECT_FALSE(monitor.contains(QStringLiteral("BUS ED 0F 08 05 00 20"))) << "and writes nothing";
+    }
+    EXPECT_EQ(datei(zustand), vorher);
 
     const QString kopieOrdner = ordner.filePath(QStringLiteral("kopie"));
     const QString projekt = projektKopie(QStringLiteral(PLANOR_DEMO), kopieOrdner);

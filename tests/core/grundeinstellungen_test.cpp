@@ -127,3 +127,23 @@ TEST_F(Grundeinstellungen, ExistingModulesKeepTheirValues)
     EXPECT_EQ(neu.XY_BlkMeld, 0);
 }
 
+TEST_F(Grundeinstellungen, DistanceTooLargeFor16BitsIsRefused)
+{
+    Grundeinstellungen_Form form = geoeffnet();
+    opSpur_Click(form, 2);  // H0, 1566: 156600 does not fit
+    form.Geschw_Txt = QStringLiteral("100");
+    Geschw_Txt_Change(form);
+    form.FeldAnzY = QStringLiteral("40");
+    FeldAnzY_Change(form);  // one accepted field does not enable OK while another is refused
+    EXPECT_FALSE(OK_But_Enabled(form));
+    EXPECT_FALSE(OK_But_Click(form, anlage));
+    EXPECT_EQ(anlage.Grundeinst, Grundeinst_Typ{});
+    Grundeinstellungen_Form ungeprueft = geoeffnet();
+    ungeprueft.FeldAnzY = QStringLiteral("100");
+    EXPECT_FALSE(OK_But_Click(ungeprueft, anlage)) << "OK checks anew, even when no change handler ran";
+    EXPECT_EQ(anlage.DimensionenY, NeueDimension);
+    opSpur_Click(form, 4);  // a click on a scale checks the distance anew: 57600
+    EXPECT_TRUE(form.Geschw_Pruefung.gueltig);
+    opSpur_Click(form, 0);  // 288000
+    EXPECT_FALSE(form.Geschw_Pruefung.gueltig);
+}

@@ -114,3 +114,17 @@ TEST(Einstellungsdatei, ReadingIsTolerant)
 
 class Einstellungsdateien : public MitFehlerbericht {};
 
+TEST_F(Einstellungsdateien, SaveAndLoadRoundTrip)
+{
+    const QString pfad = ordner.filePath(QStringLiteral("Planor.CFG"));
+    Einstellungen e;
+    e.ComPort = 4;
+    EXPECT_LAUFZEITFEHLER(53, Load_conf(pfad, e));
+    EXPECT_EQ(e.ComPort, 4);
+    schreiben(pfad, "; alter Kommentar\r\n");
+    Save_conf(pfad, beispiel(), Normal, Heute);
+    EXPECT_EQ(datei(pfad), golden("Planor_normal.CFG"));
+    Load_conf(pfad, e);
+    EXPECT_EQ(e, gelesen(golden("Planor_normal.CFG")));
+    EXPECT_LAUFZEITFEHLER(75, Save_conf(ordner.filePath(QStringLiteral("kein/Ordner/Planor.CFG")), beispiel(), {}, Heute));
+}

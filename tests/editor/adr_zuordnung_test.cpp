@@ -341,5 +341,17 @@ TEST_F(AdrZuordnungTest, TextRows)
     EXPECT_EQ(AdrZeileEmpfaenger(anlage, katalog, 4, 4), QString());
 }
 
+TEST_F(AdrZuordnungTest, ReportsDuringADialogAreDropped)
+{
+    setzen(2, 2, 101);
+    adrAnzeige.eingabe = [this](int, int) {
+        maus.Get_Adr_from_LN(magnetartikelMeldung(130));
+        return AdrEingabeErgebnis::Abgebrochen;
+    };
+    maus.PultAdr_MouseDown(2, 2);
+    EXPECT_TRUE(adrAnzeige.mit(QStringLiteral("frage:")).isEmpty());
+    EXPECT_FALSE(maus.AdrAusBus);
+}
+
 } // namespace
 } // namespace planor::test

@@ -305,3 +305,17 @@ TEST_F(LncvAustausch, NavikVersionByArticleAndLncv16)
         EXPECT_EQ(benutzer.symbole.size(), benutzer.texte.size());
     }
 }
+
+TEST_F(LncvAustausch, WholeSessionProgramsTheModule)
+{
+    LncvModul modul(uhr, *bus, 4723, 1234);
+    modul.werte[16] = 210;
+    ASSERT_EQ(ausfuehren(Ablauf::ProgOn, 1234), ProgOK);
+    ASSERT_EQ(ausfuehren(Ablauf::ReadLncv, 16), ProgOK);
+    EXPECT_EQ(gelesen, 210);
+    ASSERT_EQ(ausfuehren(Ablauf::ProgLncv, 5, 300), ProgOK);
+    ASSERT_EQ(ausfuehren(Ablauf::ProgOff, 1234), ProgOK);
+    EXPECT_EQ(h(bus->gesendet), h(on() + lies(16) + schreib(5, 300) + off()));
+    EXPECT_EQ(modul.werte[5], 300);
+    EXPECT_FALSE(modul.sitzung);
+}

@@ -275,6 +275,7 @@ TEST_F(NavInit, FailuresEndTheRunCleanly)
         EXPECT_TRUE(!z.gesendet || gesendet.back() == m(Prog_Off_Nachricht(4724, 65535)));
         EXPECT_TRUE(fall != "stumm" || gesendet.size() == 6u) << "five Prog_On, then Prog_Off";
         EXPECT_TRUE(fall == "port" || !form.sichtbar);
+        EXPECT_TRUE(fall != "verweigert" || sim.geraete().modul(47240, 3)->lncv(0) == 3) << "the module half cleared";
         EXPECT_TRUE(form.knoepfeAktiv);
         EXPECT_TRUE(fall == "nein" || anzeige.zustaende == (std::vector<bool>{true, false}));
     }

@@ -394,3 +394,34 @@ TEST_F(Fehlerlauf, ReadEinzelnAsksFromTheSecondEmptyClick)
     EXPECT_TRUE(aufDemBus.empty());
 }
 
+TEST_F(Fehlerlauf, ModuleFallingSilentMidwayIsClosedBeforeThePrompt)
+{
+    // A module that stops answering mid-way: Read_Lncv fails after its tries.
+    const QPoint p = zelle(0);
+    anzeige.antworten = {FehlerAntwort::Naechstes};
+    bool stumm = false;
+    QObject::connect(&sim.bus(), &SimBus::nachricht, [&](const QByteArray& m) {
+        if (!stumm && istSchreiben(m)) {
+            stumm = true;
+            modulVon(p.x(), p.y())->stumm = true;
+        }
+    });
+    EXPECT_FALSE(Prog_all(u));
+    ASSERT_EQ(vorDemPrompt.size(), 1u);
+    EXPECT_TRUE(istProgOff(vorDemPrompt[0]));
+    EXPECT_EQ(meldungen.texte.size(), 1);
+}
+
+TEST_F(Fehlerlauf, ReadAllFailurePromptHasTitleDash)
+{
+    const QPoint p = zelle(2);
+    modulVon(p.x(), p.y())->stumm = true;
+    anzeige.antworten = {FehlerAntwort::Naechstes};
+    EXPECT_FALSE(Read_all(u));
+    EXPECT_EQ(anzeige.mit(QStringLiteral("fehler:")), QStringList {QStringLiteral("fehler:-")});
+    EXPECT_TRUE(texte(anzeige.ereignisse, QStringLiteral("info1:"))
+                    .contains(QStringLiteral("Achtung Fehler: Modul Auslesen fehlerhaft")));
+    EXPECT_EQ(anzeige.zeile1, QStringLiteral("Auslesen beendet !!!"));
+    EXPECT_EQ(anlage.XY(p.x(), p.y()).XY_LNCV(2), 0) << "a module that fails leaves its cell cleared";
+    EXPECT_NE(anlage.XY(p.x(), p.y()).XY_LNCV(0), 0) << "but keeps its address";
+}

@@ -147,3 +147,37 @@ TEST_F(SimGeraeteTest, OutlivingTheSimulatorOrTheBusIsHarmless)
     }
     uhr.weiter(100);
 }
+
+TEST_F(SimGeraeteTest, TheProgramTalksToTheSimulatorThroughItsLink)
+{
+    sim.bus().zeiten = {};  // wire and reaction times as shipped
+    sim.modulHinzufuegen({47220, 12});
+    LocoNetLink link(uhr);
+    link.setzeTransport(sim.transport());
+    EXPECT_FALSE(link.istOffen());
+    QString fehler;
+    ASSERT_TRUE(link.transport()->oeffnen(fehler));
+    ASSERT_TRUE(link.istOffen() && link.transport()->cts());
+    Long err = -1, wert = 0;
+    link.empfang().tabelleLoeschen();
+    link.send(Prog_On_Nachricht(4722, 12), err);
+    ASSERT_EQ(err, 0);
+    const double t0 = uhr.sekunden();
+    ASSERT_TRUE(uhr.warten(0.2, [&] { return link.empfang().da(ZeilePeerXfer, 0xE5); }));
+    // Echo 9 ms, reaction 10 ms, answer 9 ms.
+    EXPECT_NEAR(uhr.sekunden() - t0, 0.028, 1e-6);
+    EXPECT_TRUE(link.empfang().da(ZeileImmPacket, 0xED)) << "our own request came back";
+    EXPECT_EQ(link.empfang().wert(ZeilePeerXfer, 11), 12);
+    // Lost answers are ridden out by the exchange's retries.
+    sim.bus().stoerung.einstellungen.nurGeraete = true;
+    sim.bus().stoerung.einstellungen.naechsteVerwerfen = 2;
+    const double t1 = uhr.sekunden();
+    Prog_Lncv(link, 4722, 2, -1, err);
+    Read_Lncv(link, 4722, 2, wert, err);
+    EXPECT_EQ(std::make_pair(err, wert), std::make_pair(Long(ProgOK), Long(65535)));
+    EXPECT_GT(uhr.sekunden() - t1, 0.4) << "two tries of 0.2 s lost";
+    EXPECT_EQ(sim.bus().stoerung.verworfen, 2);
+    link.schliessen();
+    link.send(Read_Lncv_Nachricht(4722, 16), err);
+    EXPECT_EQ(std::make_pair(link.istOffen(), err), std::make_pair(false, Long(1)));
+}

@@ -102,6 +102,19 @@ private slots:
         QVERIFY(QFile::exists(p->datei(QStringLiteral("Gerettet.anl"))));
     }
 
+    void TheLastProjectOpensAtStart()
+    {
+        neueAnlage(QStringLiteral("Letzte.anl"));
+        win->editor().setzeAktuell(2, 2);
+        win->editor().SetzePultElement(typ(9));
+        aktion("PultSpeichernMenu")->trigger();
+        QVERIFY(win->close());
+        win = &p->neu().starten();
+        QCOMPARE(anlage().File, QStringLiteral("Letzte.anl"));
+        QCOMPARE(anlage().XY(2, 2).XY_Element, typ(9));
+        QVERIFY(win->bereich().Pult->isVisible() && aktion("PultSpeichernMenu")->isEnabled());
+    }
+
 private:
     Anlage& anlage() { return p->programm->anlage; }
     Integer typ(int t) { return p->programm->katalog.indexVonTyp(t); }

@@ -94,6 +94,24 @@ private slots:
         QVERIFY(gesehen.endsWith(QStringLiteral("\n an die Service-Adresse mitsenden.|kritisch")));
     }
 
+    void CancelledExitHasAlreadyRewrittenTheSettings()
+    {
+        schreiben(p->cfg(), "; ein Kommentar\r\nComPort: 2\r\n");
+        MainWin& win = p->neu().starten();
+        p->programm->anlage.PultGeaendert = 1;
+        FensterAntworten antworten({{QStringLiteral("ExitFrage"), [](QWidget* w) {
+                                         QCOMPARE(static_cast<QMessageBox*>(w)->defaultButton(),
+                                                  static_cast<QMessageBox*>(w)->button(QMessageBox::Cancel));
+                                         klick(w, QMessageBox::Cancel);
+                                     }}});
+        win.findChild<QAction*>(QStringLiteral("ProgEndeMenu"))->trigger();
+        QCOMPARE(antworten.gesehen.size(), 1);
+        QVERIFY(win.isVisible());
+        const QByteArray neu = lesen(p->cfg());
+        QVERIFY(neu.startsWith("// Konfigurationsfile von NAVIK/TOBRA-Planor Ver. 1.1.6 am 21.11.2026 //\r\n"));
+        QVERIFY(neu.contains("\r\nComPort:  2 \r\n") && !neu.contains("Kommentar"));
+    }
+
 private:
     std::unique_ptr<Programmordner> p;
 };

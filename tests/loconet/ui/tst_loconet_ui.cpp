@@ -112,6 +112,8 @@ private slots:
         QVERIFY(meldungen.texte.isEmpty());
         QCOMPARE(int(modul.lncv(0)), 300);
         QCOMPARE(int(modul.lncv(1)), 301);
+        QCOMPARE(int(modul.lncv(2)), 1);
+        QCOMPARE(int(modul.lncv(15)), 1);
     }
 
     void MonitorFormShowsTheBusAndKeepsUpWithABurst()
@@ -174,6 +176,25 @@ private slots:
         aktion("OptionMenu(2)")->trigger();
         QCOMPARE(antworten.gesehen, QStringList{QStringLiteral("Nav_Init")});
         QVERIFY(!win->schnittstelle().istOffen());
+    }
+
+    void AlleModuleProgramsTheSimulatedModules()
+    {
+        QVERIFY(demo());
+        const SimModul* m = modul();
+        FensterAntworten antworten({{QStringLiteral("Meldung"), [](QWidget* w) { klick(w, QMessageBox::Ok); }}});
+        aktion("ProgMenu(1)")->trigger();
+        QVERIFY(info("InfoTxt1").endsWith(QStringLiteral("Programmierung beendet !!!")));
+        QVERIFY(!m->sitzungOffen());
+        int verschieden = 0;
+        for (int i = 2; i <= 119; ++i) {
+            const Integer wert = programm->anlage.XY(zelle.x(), zelle.y()).XY_LNCV(i);
+            if (i != 16)
+                QCOMPARE(m->lncv(i), quint16(wert));
+            verschieden += wert != 0;
+        }
+        QVERIFY2(verschieden > 0, "the demo's receiver carries values beyond the factory's");
+        frei();
     }
 
     // A silent module: "nochmal" asks again, "nächstes" goes on to the end;
