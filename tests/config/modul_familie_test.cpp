@@ -38,3 +38,19 @@ TEST(Modulfamilie, SetModulOptionenByFamily)
         EXPECT_EQ(z.XY_SenStat, f.senStat);
     }
 }
+
+// Family and number of train categories decide which LNCVs a module gets; an unknown one gets none.
+TEST(Modulfamilie, FamilyAndCategoriesByArticleAndVersion)
+{
+    const std::tuple<Long, Integer, int, int> faelle[] = {
+        {5330, 0, 1, 4},   {47220, 0, 1, 4},   {47230, 1, 1, 4}, {47230, 2, 2, 15}, {47230, 3, 0, 0},
+        {47120, 0, 3, 15}, {47240, 0, 4, 4},   {47320, 0, 0, 15}, {4711, 0, 0, 0},
+    };
+    for (const auto& [artNr, version, familie, kategorien] : faelle) {
+        Anlage a;
+        a.XY(1, 1).XY_ArtNr = artNr;
+        a.XY(1, 1).XY_Version = version;
+        EXPECT_EQ(Modulfamilie(artNr, version), familie) << artNr << " v" << version;
+        EXPECT_EQ(KatAnz(a, 1, 1), kategorien) << artNr << " v" << version;
+    }
+}

@@ -169,5 +169,31 @@ TEST_F(AdrEingabe, Input2Of47240AsksForInput1AndStoresNothing)
     EXPECT_EQ(anlage.XY(3, 2), vorher);
 }
 
+TEST_F(AdrEingabe, ChangingInput1sAddressTakesTheSecondInputAlong)
+{
+    sensorPaar();
+    AdrEingabe_Zustand z = laden(2, 2);
+    z.AdrTxt[0] = QStringLiteral("44");
+    EXPECT_EQ(ok(z, 2, 2), AdrEingabeErgebnis::Gespeichert);
+    EXPECT_EQ(anlage.XY(3, 2).XY_LNCV(0), 44);
+    EXPECT_EQ(anlage.XY(3, 2).XY_SenStat, 2);
+    EXPECT_TRUE(zellen.gezeichnet.contains(QPoint(3, 2)));
+}
+
+TEST_F(AdrEingabe, ASecondInputGivenAModuleOfItsOwnLeavesThePair)
+{
+    sensorPaar();
+    AdrEingabe_Zustand z = laden(3, 2);
+    EXPECT_EQ(z.EingangOpt, 1);
+    z.EingangOpt = 0;
+    z.AdrTxt[0] = QStringLiteral("10");
+    EXPECT_EQ(ok(z, 3, 2), AdrEingabeErgebnis::Gespeichert);
+    EXPECT_EQ(anlage.XY(3, 2).XY_LNCV(0), 10);
+    EXPECT_EQ(anlage.XY(3, 2).XY_SenStat, 1); // a 47240 of its own
+    EXPECT_EQ(anlage.XY(3, 2).XY_SenX, 0);
+    EXPECT_EQ(anlage.XY(2, 2).XY_SenStat, 1);
+    EXPECT_EQ(anlage.XY(2, 2).XY_SenX, 0);
+}
+
 } // namespace
 } // namespace planor::test

@@ -353,5 +353,31 @@ TEST_F(AdrZuordnungTest, ReportsDuringADialogAreDropped)
     EXPECT_FALSE(maus.AdrAusBus);
 }
 
+TEST_F(SensorPaarTest, ACellThatIsNoSingleSensorAtInput1IsRefusedAndTheWaitGoesOn)
+{
+    empfaenger(5, 5, 12);
+    maus.PultAdr_MouseDown(5, 5);
+    maus.PultAdr_MouseDown(3, 2); // input 2 itself is no input 1 either
+    const QString text = QStringLiteral("Fehler|Das ausgewählte Modul ist kein Einzelsensor am Eingang 1!\n"
+                                        "          Bitte die Auswahl wiederholen! ");
+    EXPECT_EQ(meldungen.texte, (QStringList {text, text}));
+    EXPECT_TRUE(maus.Sensor2Wartet);
+    EXPECT_TRUE(adrAnzeige.mit(QStringLiteral("eingabe:")).isEmpty());
+    EXPECT_EQ(anlage.XY(3, 2).XY_SenStat, 0);
+}
+
+TEST_F(SensorPaarTest, AnInput1WithoutAddressEndsTheWait)
+{
+    eingang1(6, 6, 0);
+    maus.PultAdr_MouseDown(6, 6);
+    EXPECT_EQ(meldungen.texte,
+        QStringList {QStringLiteral("Fehler|Das ausgewählte Modul ist noch nicht initialisiert!\n"
+                                    "  Bitte zuerst Eingang 1 initialisieren und dann  \n"
+                                    "     den Vorgang mit Eingang 2 wiederholen!")});
+    EXPECT_FALSE(maus.Sensor2Wartet);
+    EXPECT_EQ(anlage.XY(6, 6).XY_SenStat, 1);
+    EXPECT_EQ(anlage.XY(3, 2).XY_SenStat, 0);
+}
+
 } // namespace
 } // namespace planor::test

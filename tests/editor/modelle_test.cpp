@@ -85,3 +85,30 @@ TEST_F(Gitter, CellTexts)
     EXPECT_EQ(Zelltext(anlage, katalog, 9, 9), QString());
 }
 }  // namespace
+
+TEST_F(Gitter, PultHasACellPerPanelCell)
+{
+    PultModell m(anlage, katalog);
+    EXPECT_EQ(m.rowCount(), 30);
+    EXPECT_EQ(m.columnCount(), 30);
+    setzen(4, 2, Weiche101);
+    anlage.XY(4, 2).XY_ADR1 = 12;
+    const QModelIndex i = m.index(1, 3);
+    EXPECT_EQ(i.data(BildRolle).toString(), QStringLiteral("w101_re.bmp"));
+    EXPECT_EQ(i.data(Qt::DisplayRole).toString(), QStringLiteral("12"));
+    EXPECT_EQ(i.data(Qt::ToolTipRole).toString(), QStringLiteral("Weiche rechts"));
+    EXPECT_EQ(Qt::Alignment(i.data(Qt::TextAlignmentRole).toInt()), Qt::AlignLeft | Qt::AlignBottom);
+    EXPECT_EQ(m.headerData(3, Qt::Horizontal, Qt::DisplayRole).toInt(), 4);
+    anlage.DimensionenX = 12;
+    m.init_flexgrid();
+    EXPECT_EQ(m.columnCount(), 12);
+    EXPECT_EQ(m.rowCount(), 30);
+}
+
+TEST_F(Gitter, MonShowsTheMonitorPicture)
+{
+    MonModell m(anlage, katalog);
+    setzen(2, 3, Signal511);
+    EXPECT_EQ(m.index(2, 1).data(BildRolle).toString(), QStringLiteral("s511_mon.bmp"));
+    EXPECT_FALSE(m.index(2, 1).data(Qt::DisplayRole).isValid());
+}

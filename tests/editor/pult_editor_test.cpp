@@ -195,3 +195,43 @@ TEST_F(Pulteditor, DeletingAnEntryManagerRemovesItsStation)
     EXPECT_EQ(anlage.FS(4).FS_Nummer, 0);
     EXPECT_EQ(anlage.XY(5, 5), anlage.XY_Leer());
 }
+
+TEST_F(Pulteditor, CutDeletesTheSelection)
+{
+    setzen(2, 2, GeradeW);
+    modul(3, 2, 33);
+    editor.Pult_Auswahl(2, 2, 3, 2);
+    editor.Cntrl_C_X(PultEditor::TasteX);
+    EXPECT_EQ(anlage.XY(2, 2), anlage.XY_Leer());
+    EXPECT_EQ(anlage.XY(3, 2), anlage.XY_Leer());
+    EXPECT_EQ(editor.XY_Clip(1, 0).XY_LNCV(0), 33);
+}
+
+TEST_F(Pulteditor, PlacingOverAModuleCellOpensItsConfigurationInstead)
+{
+    modul(6, 6, 21);
+    anlage.XY(6, 6).XY_BETR = 3;
+    int konfiguriert = -2;
+    QObject::connect(&editor, &PultEditor::modulKonfigurieren,
+                     [&](int x, int y, int betr) { konfiguriert = x == 6 && y == 6 ? betr : -3; });
+    editor.Elemente_Click(GeradeW);
+    editor.Pult_LinksKlick(6, 6);
+    EXPECT_EQ(konfiguriert, 3);
+    EXPECT_EQ(anlage.XY(6, 6).XY_Element, Empf800);
+    EXPECT_EQ(anlage.XY(6, 6).XY_LNCV(0), 21);
+}
+
+TEST_F(Pulteditor, SelectionToolAndLeerChangeNothing)
+{
+    setzen(2, 3, Weiche101);
+    anlage.PultGeaendert = 0;
+    for (int element : {int(Auswahl), int(Leer), 0})
+        editor.SetzePultElement(element);
+    EXPECT_EQ(anlage.XY(2, 3).XY_Element, Weiche101);
+    EXPECT_EQ(anlage.PultGeaendert, 0);
+    editor.Elemente_Click(Auswahl);
+    EXPECT_TRUE(editor.MarkenMode);
+    EXPECT_EQ(editor.zeiger, PultZeiger::Pfeil);
+    editor.Pult_LinksKlick(3, 3);
+    EXPECT_EQ(anlage.XY(3, 3).XY_Element, Leer);
+}

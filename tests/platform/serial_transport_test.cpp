@@ -147,3 +147,44 @@ TEST_F(SeriellePty, RefusedOpeningsAreToldWithTheirCause)
     EXPECT_TRUE(fehler.contains(QStringLiteral("dialout")));
 }
 
+TEST(SerielleEinstellungen, SettingsFromText)
+{
+    using P = QSerialPort;
+    const struct {
+        const char* text;
+        int baud;
+        P::Parity paritaet;
+        P::DataBits daten;
+        P::StopBits stopp;
+    } faelle[] = {{"19200,n,8,2", 19200, P::NoParity, P::Data8, P::TwoStop},
+                  {"115200,N,8,1", 115200, P::NoParity, P::Data8, P::OneStop},
+                  {"2400, e, 7, 1.5", 2400, P::EvenParity, P::Data7, P::OneAndHalfStop},
+                  {"16457,n,8,2", 16457, P::NoParity, P::Data8, P::TwoStop}};
+    for (const auto& f : faelle) {
+        const std::optional<PortParameter> p = PortParameterLesen(QLatin1String(f.text));
+        ASSERT_TRUE(p) << f.text;
+        EXPECT_EQ(std::tie(p->baud, p->paritaet, p->daten, p->stopp), std::tie(f.baud, f.paritaet, f.daten, f.stopp));
+    }
+    for (const char* falsch : {"", "19200", "19200,n,8", "abc,n,8,2", "0,n,8,2", "19200,x,8,2", "19200,n,9,2",
+                               "19200,n,8,3", "19200,n,8,2,1"})
+        EXPECT_FALSE(PortParameterLesen(QLatin1String(falsch))) << falsch;
+}
+
+TEST(SerielleEinstellungen, ComPortNumbersChosenDevicesAndTheUsbSearch)
+{
+    EXPECT_EQ(GeraetFuerComPort(1), QStringLiteral("/dev/ttyS0"));
+    EXPECT_EQ(GeraetFuerComPort(255), QStringLiteral("/dev/ttyS254"));
+    EXPECT_EQ(GeraetFuerComPort(3, QStringLiteral(" /dev/ttyUSB0 ")), QStringLiteral("/dev/ttyUSB0"));
+    EXPECT_EQ(GeraetFuerComPort(0), QString());
+    EXPECT_EQ(GeraetFuerComPort(0, QStringLiteral("/dev/ttyACM0")), QStringLiteral("/dev/ttyACM0"));
+    auto usb = [](int n, quint16 hersteller, quint16 produkt) {
+        return PortEintrag{QStringLiteral("/dev/ttyUSB%1").arg(n), QStringLiteral("ttyUSB%1").arg(n), {}, hersteller,
+                           produkt};
+    };
+    const QList<PortEintrag> funde = UsbInterfaceSuchen({{QStringLiteral("/dev/ttyS0"), QStringLiteral("ttyS0"), {}, {}, {}},
+                                                        usb(0, 0x10C4, 0xEA60), usb(1, 0x10C4, 0xEA70),
+                                                        usb(2, 0x0403, 0xEA60), usb(3, 0x10C4, 0xEA60)});
+    ASSERT_EQ(funde.size(), 2);
+    EXPECT_EQ(funde[0].geraet, QStringLiteral("/dev/ttyUSB0"));
+    EXPECT_EQ(funde[1].geraet, QStringLiteral("/dev/ttyUSB3"));
+}

@@ -114,3 +114,21 @@ TEST(SimBus, FaultsHitTheNextMessages)
     }
 }
 
+TEST_F(SimBusTest, ACorruptedMessageKeepsItsFrameButNotItsChecksum)
+{
+    sim.modulHinzufuegen({47220, 12});
+    sim.bus().stoerung.einstellungen.naechsteVerfaelschen = 1;
+    const QByteArray m = mitPruefsumme(Prog_On_Nachricht(4722, 12));
+    schreiben(m);
+    ASSERT_EQ(angekommen.size(), 1u) << "the garbled echo only, the module does not answer";
+    const QByteArray& b = angekommen[0].bytes;
+    ASSERT_EQ(b.size(), m.size());
+    EXPECT_EQ(b.at(0), m.at(0)) << "the opcode keeps the frame";
+    int anders = 0;
+    for (int i = 0; i < m.size(); ++i) {
+        anders += b.at(i) != m.at(i);
+        EXPECT_EQ(quint8(b.at(i)) & 0x80, quint8(m.at(i)) & 0x80);
+    }
+    EXPECT_EQ(anders, 1);
+    EXPECT_NE(Pruefsumme(b.left(m.size() - 1)), quint8(b.back()));
+}

@@ -181,3 +181,27 @@ TEST_F(SimGeraeteTest, TheProgramTalksToTheSimulatorThroughItsLink)
     link.send(Read_Lncv_Nachricht(4722, 16), err);
     EXPECT_EQ(std::make_pair(link.istOffen(), err), std::make_pair(false, Long(1)));
 }
+
+TEST(SimZustand, TextRoundTripAndUnreadableLines)
+{
+    SimZustand z;
+    z.module.push_back({47220, 12, {{0, 15}, {2, 0xFFFF}, {16, 100}}});
+    z.module.push_back({47320, 300, {{0, 300}, {459, 7}}});
+    z.weichen = {{5, 0}, {2048, 1}};
+    const QByteArray text = SimZustandText(z);
+    EXPECT_EQ(text, QByteArray("; Planor-Simulator: Zustand\r\n"
+                               "modul 47220 12\r\nlncv 0 15\r\nlncv 2 65535\r\nlncv 16 100\r\n"
+                               "modul 47320 300\r\nlncv 0 300\r\nlncv 459 7\r\n"
+                               "weiche 5 0\r\nweiche 2048 1\r\n"));
+    for (const QByteArray& t : {text, QByteArray(text).replace("\r\n", "\n")}) {
+        SimZustand zurueck;
+        QString fehler;
+        ASSERT_TRUE(SimZustandLesen(t, zurueck, fehler)) << fehler.toStdString();
+        EXPECT_EQ(zurueck, z);
+    }
+    QString fehler;
+    EXPECT_FALSE(SimZustandLesen("modul 47220 12\nlncv 500 1\n", z, fehler));
+    EXPECT_EQ(fehler, QStringLiteral("Zeile 2 der Zustandsdatei ist unverständlich: lncv 500 1"));
+    EXPECT_FALSE(SimZustandLesen("lncv 1 1\n", z, fehler)) << "a value before any module";
+    EXPECT_FALSE(SimZustandLesen("weiche 1 2\n", z, fehler));
+}
