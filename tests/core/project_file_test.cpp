@@ -109,7 +109,8 @@ TEST_F(Projektdatei, SaveThroughFiles)
     anlage.File = QStringLiteral("Golden.anl");
     Save_plt(anlage, katalog, anzeige);
     EXPECT_EQ(datei(anlage.Pfad + QStringLiteral("Golden.anl")), projekt("Golden.anl"));
-    EXPECT_EQ(datei(anlage.Pfad + QStringLiteral("47320_300.lcv")), projekt("47320_300.lcv"));
+    for (const char* seite : {"47220_12.lcv", "47320_300.lcv"})
+        EXPECT_EQ(datei(anlage.Pfad + QLatin1String(seite)), projekt(seite)) << seite;
     EXPECT_FALSE(QFile::exists(anlage.Pfad + QStringLiteral("47240_13.lcv")));
 }
 
