@@ -80,6 +80,7 @@ TEST_F(LbServer, OneSendInFlightTheNextAfterSent)
     antworten("RECEIVE 83 7C\r\n");
     ASSERT_TRUE(uhr.warten(5.0, [this] { return !empfangen.empty(); }));
     EXPECT_EQ(std::make_pair(zeilen.size(), transport.wartend()), std::make_pair(qsizetype(1), 2));
+    EXPECT_FALSE(transport.ausgangLeer()) << "a close waits for these";
     // A SENT ERROR loses its message and goes on.
     antworten("SENT ERROR Did not receive echo\r\n");
     ASSERT_TRUE(zeilenWarten(2));
@@ -90,6 +91,9 @@ TEST_F(LbServer, OneSendInFlightTheNextAfterSent)
     ASSERT_TRUE(zeilenWarten(3));
     EXPECT_EQ(zeilen[2], QStringLiteral("SEND B0 00 10 5F"));
     EXPECT_EQ(transport.wartend(), 0);
+    EXPECT_FALSE(transport.ausgangLeer()) << "the last one still in flight";
+    antworten("SENT OK\r\n");
+    EXPECT_TRUE(uhr.warten(5.0, [this] { return transport.ausgangLeer(); }));
     EXPECT_TRUE(transport.istOffen() && verloren.isEmpty());
 }
 
