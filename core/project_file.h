@@ -15,7 +15,7 @@ namespace planor {
 
 class Anlage;
 class Elementkatalog;
-class PultEditor;
+class Pultzellen;
 
 // decode_liste: the text split at each ","; blanks stay in the items. More
 // than 21 items raise the bounds error, as the list has room for 0..20.
@@ -58,13 +58,13 @@ ProjektBytes Save_plt_bytes(const Anlage& anlage, const Elementkatalog& katalog,
 void Save_plt(const Anlage& anlage, const Elementkatalog& katalog, ProjektAnzeige& anzeige);
 
 // Load_plt: reads Pfad + File line by line into the project through the
-// editor (SetzePultElement builds each cell). The catalogue's LNCVAnz may be
+// editor (each cell is built as a click of the user builds it). The catalogue's LNCVAnz may be
 // raised by a side file with more values. A line without ":"
 // raises error 5, a list of more than 21 items error 9; what was read stays.
-void Load_plt(Anlage& anlage, Elementkatalog& katalog, PultEditor& editor, ProjektAnzeige& anzeige);
+void Load_plt(Anlage& anlage, Elementkatalog& katalog, Pultzellen& editor, ProjektAnzeige& anzeige);
 
 // The same over a file's bytes; side files are looked up in anlage.Pfad.
-void Load_plt_bytes(const QByteArray& bytes, Anlage& anlage, Elementkatalog& katalog, PultEditor& editor,
+void Load_plt_bytes(const QByteArray& bytes, Anlage& anlage, Elementkatalog& katalog, Pultzellen& editor,
                     ProjektAnzeige& anzeige);
 
 }  // namespace planor

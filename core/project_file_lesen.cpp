@@ -6,7 +6,7 @@
 #include "core/laufzeitfehler.h"
 #include "core/lncv_datei.h"
 #include "core/panel_model.h"
-#include "editor/pult_editor.h"
+#include "core/zellanzeige.h"
 
 #include <QFile>
 
@@ -26,7 +26,7 @@ Integer integer(const QString& text) { return CInt(Val(text)); }
 
 class Leser {
 public:
-    Leser(Anlage& anlage, Elementkatalog& katalog, PultEditor& editor, ProjektAnzeige& anzeige)
+    Leser(Anlage& anlage, Elementkatalog& katalog, Pultzellen& editor, ProjektAnzeige& anzeige)
         : anlage_(anlage), katalog_(katalog), editor_(editor), anzeige_(anzeige)
     {
     }
@@ -42,8 +42,11 @@ private:
 
     Anlage& anlage_;
     Elementkatalog& katalog_;
-    PultEditor& editor_;
+    Pultzellen& editor_;
     ProjektAnzeige& anzeige_;
+    // The cell placed last: a missing side file deletes it, as it is the
+    // editor's current cell.
+    int letzteX_ = 0, letzteY_ = 0;
 };
 
 void Leser::zeile(const QString& zeile)
@@ -99,8 +102,9 @@ void Leser::load_new_element(const QString& wert)
         throw Laufzeitfehler(Fehlernummer::IndexAusserhalb);
     for (int i = 1; i <= MaxElemente; ++i) {
         if (katalog_.ElementTab(i).Typ == typ) {
-            editor_.setzeAktuell(x, y);
-            editor_.SetzePultElement(i);
+            editor_.elementSetzen(x, y, i);
+            letzteX_ = x;
+            letzteY_ = y;
             return;
         }
     }
@@ -159,8 +163,9 @@ void Leser::seitendatei(int x, int y, const QString& name)
     }
     if (anzeige_.elementLoeschen(QStringLiteral("Fehler beim Laden"),
                                  QStringLiteral("Das File ") + name
-                                     + QStringLiteral(" existiert nicht!\n          Element löschen?            ")))
-        editor_.SetzePultElement(1);
+                                     + QStringLiteral(" existiert nicht!\n          Element löschen?            "))
+        && letzteX_ != 0)
+        editor_.elementSetzen(letzteX_, letzteY_, 1);
 }
 
 void Leser::bahnhof(const QString& schluessel, const QString& wert)
@@ -202,7 +207,7 @@ void Leser::fahrstrasse(const QString& schluessel, const QString& wert)
 
 }  // namespace
 
-void Load_plt_bytes(const QByteArray& bytes, Anlage& anlage, Elementkatalog& katalog, PultEditor& editor,
+void Load_plt_bytes(const QByteArray& bytes, Anlage& anlage, Elementkatalog& katalog, Pultzellen& editor,
                     ProjektAnzeige& anzeige)
 {
     anzeige.ladenBeginnt();
@@ -217,7 +222,7 @@ void Load_plt_bytes(const QByteArray& bytes, Anlage& anlage, Elementkatalog& kat
         leser.zeile(zeile);
 }
 
-void Load_plt(Anlage& anlage, Elementkatalog& katalog, PultEditor& editor, ProjektAnzeige& anzeige)
+void Load_plt(Anlage& anlage, Elementkatalog& katalog, Pultzellen& editor, ProjektAnzeige& anzeige)
 {
     QFile f(anlage.Pfad + anlage.File);
     if (!f.exists())

@@ -60,6 +60,12 @@ void PultEditor::SetzePultElement(int index)
     });
 }
 
+void PultEditor::elementSetzen(int x, int y, int index)
+{
+    setzeAktuell(x, y);
+    SetzePultElement(index);
+}
+
 void PultEditor::SetzeText(int x, int y)
 {
     // Coordinates beyond the panel's size are ignored.

@@ -19,7 +19,7 @@ class Elementkatalog;
 // The mouse pointer of `Pult` (set by Elemente_Click).
 enum class PultZeiger { Standard, Radierer, Pfeil, Kreuz };
 
-class PultEditor : public QObject, public Zellanzeige {
+class PultEditor : public QObject, public Pultzellen {
     Q_OBJECT
 
 public:
@@ -36,6 +36,8 @@ public:
     // Placing elements and drawing cells.
     void SetzePultElement(int index);
     void SetzeText(int x, int y) override;
+    // The cell made current, then SetzePultElement.
+    void elementSetzen(int x, int y, int index) override;
     void LNCV_uebernehmen(int x, int y);
 
     // The mouse and the selection on the plan.
