@@ -14,7 +14,7 @@
 #include "core/panel_model.h"
 #include "core/zellanzeige.h"
 #include "loconet/link.h"
-#include "loconet/programmierung.h"
+#include "programmierung/programmierung.h"
 #include "loconet/verbindung.h"
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"

@@ -19,7 +19,7 @@ fehler "a  PXCT-Bit im LNCV-Schreibbefehl gekippt" loconet/nachricht.cpp \
 fehler "b  Prog_On ein Versuch weniger" loconet/lncv_austausch.cpp \
   'if (versuch == Prog_On_Versuche) {' \
   'if (versuch == Prog_On_Versuche - 1) {'
-fehler "c  47230 endet bei LNCV 119" loconet/programmierung.cpp \
+fehler "c  47230 endet bei LNCV 119" programmierung/programmierung.cpp \
   $'    case 47230:\n        return 127;\n' \
   $'        return 127;\n    case 47230:\n'
 fehler "d  .lcv mit LF statt CR LF" core/lncv_datei.cpp \

@@ -6,7 +6,7 @@
 #include "app/planor-cli/projekt_laden.h"
 #include "core/zellanzeige.h"
 #include "loconet/open_com.h"
-#include "loconet/programmierung.h"
+#include "programmierung/programmierung.h"
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
 #include "platform/uhr.h"

@@ -15,7 +15,7 @@
 #include "core/project_file.h"
 #include "core/ui/meldungs_box.h"
 #include "editor/bus_meldung.h"
-#include "loconet/programmierung.h"
+#include "programmierung/programmierung.h"
 
 #include <QElapsedTimer>
 #include <QMainWindow>

@@ -13,7 +13,7 @@
 #include "editor/ui/pult_bereich.h"
 #include "editor/ui/zellen_grid.h"
 #include "loconet/open_com.h"
-#include "loconet/ui/pult_fehl_meldung.h"
+#include "programmierung/ui/pult_fehl_meldung.h"
 
 #include <QAction>
 #include <QApplication>

@@ -3,7 +3,7 @@
 
 #include "core/check_wert.h"
 #include "tests/editor/editor_umgebung.h"
-#include "tests/loconet/programmier_umgebung.h"
+#include "tests/programmierung/programmier_umgebung.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include "loconet/lncv_austausch.h"
 #include "loconet/nachricht.h"
 #include "tests/editor/editor_umgebung.h"
-#include "tests/loconet/programmier_umgebung.h"
+#include "tests/programmierung/programmier_umgebung.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Bulk programming and read-back.
-#include "loconet/programmierung.h"
+#include "programmierung/programmierung.h"
 
 #include "config/clear_modul.h"
 #include "core/fehlerbehandlung.h"

@@ -3,7 +3,7 @@
 // Its three EXIT_But buttons give the answer (the form's tag); closing the
 // window counts as "Abbruch".
 
-#include "loconet/programmierung.h"
+#include "programmierung/programmierung.h"
 
 #include <QDialog>
 

@@ -1,4 +1,4 @@
-#include "loconet/ui/pult_fehl_meldung.h"
+#include "programmierung/ui/pult_fehl_meldung.h"
 
 #include <QGridLayout>
 #include <QLabel>

@@ -1,7 +1,7 @@
 // Bulk programming and read-back of the demo project against the in-process
 // simulator, in virtual time.
 #include "loconet/lncv_austausch.h"
-#include "tests/loconet/programmier_umgebung.h"
+#include "tests/programmierung/programmier_umgebung.h"
 
 using namespace planor;
 using namespace planor::test;

@@ -9,7 +9,7 @@
 #include "core/zellanzeige.h"
 #include "editor/pult_editor.h"
 #include "loconet/link.h"
-#include "loconet/programmierung.h"
+#include "programmierung/programmierung.h"
 #include "loconet/verbindung.h"
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
