@@ -13,7 +13,7 @@ void Clear_Modul(Anlage& anlage, Zellanzeige& anzeige, int x, int y)
 {
     geschuetzt("NavikKonfig : Clear_Modul", [&] {
         XY_Typ& zelle = anlage.XY(x, y);
-        if (zelle.XY_ArtNr == 47320 || zelle.XY_ArtNr == 47330) {
+        if (istUniversal(zelle.XY_ArtNr)) {
             Clear_Universal(anlage, anzeige, x, y);
             return;
         }

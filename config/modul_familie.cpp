@@ -5,25 +5,6 @@
 
 namespace planor {
 
-int Modulfamilie(Long artNr, Integer version)
-{
-    switch (artNr) {
-    case 5330:
-    case 47220:
-        return 1;
-    case 47230:
-        return version == 1 ? 1 : version == 2 ? 2 : 0;
-    case 47120:
-    case 47130:
-    case 47190:
-        return 3;
-    case 47240:
-        return 4;
-    default:
-        return 0;
-    }
-}
-
 int KatAnz(const Anlage& anlage, int x, int y)
 {
     return geschuetzt("Funktionen : KatAnz", 0, [&] {

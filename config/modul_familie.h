@@ -1,14 +1,11 @@
 #pragma once
-// The module families, KatAnz and set_modul_optionen.
+// KatAnz and set_modul_optionen, by the module families of core/modul_artikel.h.
 
-#include "core/vb_zahlen.h"
+#include "core/modul_artikel.h"
 
 namespace planor {
 
 class Anlage;
-
-// The four families by which several procedures sort a module; 0 for none.
-int Modulfamilie(Long artNr, Integer version);
 
 // Number of train categories of the module in the cell: 4 or 15, 0 for none.
 // For 47230 only the version counts, not bit 5 of LNCV 15.

@@ -3,6 +3,7 @@
 #include "core/benutzer.h"
 #include "core/check_wert.h"
 #include "core/fehlerbehandlung.h"
+#include "core/modul_artikel.h"
 #include "core/panel_model.h"
 #include "loconet/link.h"
 #include "loconet/lncv_austausch.h"
@@ -58,8 +59,7 @@ Long NavInitForm::artikel() const
 
 bool NavInitForm::universal() const
 {
-    const Long a = artikel();
-    return a == 47320 || a == 47330;
+    return istUniversal(artikel());
 }
 
 void NavInit_Form_Load(NavInitForm& f)

@@ -1,5 +1,6 @@
 #include "platform/sim_modul.h"
 
+#include "core/modul_artikel.h"
 #include "loconet/nachricht.h"
 
 namespace planor {
@@ -78,7 +79,7 @@ int SimModul::standardVersion(Long artikel)
 }
 
 SimModul::SimModul(Long artikel, Long adresse, int version)
-    : artikel_(artikel), anfangsAdresse_(adresse), werte_(universal(artikel) ? 460 : 128, 0)
+    : artikel_(artikel), anfangsAdresse_(adresse), werte_(istUniversal(artikel) ? 460 : 128, 0)
 {
     werkseinstellung(version);
 }
@@ -137,7 +138,7 @@ QByteArray SimModul::schreiben(const LncvAnfrage& a, bool& geaendert)
         return LncvQuittung(LncvAbgelehnt);
     // The firmware number of a receiver cannot be changed (bulk programming
     // never writes it); the controllers keep LNCV 16 as an ordinary value.
-    if (a.lncv == VersionsLncv && !universal(artikel_))
+    if (a.lncv == VersionsLncv && !istUniversal(artikel_))
         return LncvQuittung(LncvNurLesen);
     if (lncv(a.lncv) != a.wert) {
         setzeLncv(a.lncv, a.wert);

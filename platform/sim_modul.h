@@ -52,7 +52,6 @@ public:
     SimModul(Long artikel, Long adresse, int version = -1);
 
     static bool artikelBekannt(Long artikel);
-    static bool universal(Long artikel) { return artikel == 47320 || artikel == 47330; }
     // The firmware number a fresh module of the article carries.
     static int standardVersion(Long artikel);
 

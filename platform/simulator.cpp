@@ -1,5 +1,6 @@
 #include "platform/simulator.h"
 
+#include "core/modul_artikel.h"
 #include "core/panel_model.h"
 #include "platform/sim_transport.h"
 
@@ -16,7 +17,7 @@ std::vector<SimModulAngabe> SimModuleAusAnlage(const Anlage& anlage)
             if (!SimModul::artikelBekannt(z.XY_ArtNr) || z.XY_SenStat == 2)
                 continue;
             const XY_Typ* haupt = &z;
-            if (SimModul::universal(z.XY_ArtNr) && z.XY_SenX >= 1 && z.XY_SenX <= anlage.DimensionenX
+            if (istUniversal(z.XY_ArtNr) && z.XY_SenX >= 1 && z.XY_SenX <= anlage.DimensionenX
                 && z.XY_SenY >= 1 && z.XY_SenY <= anlage.DimensionenY)
                 haupt = &anlage.XY(z.XY_SenX, z.XY_SenY);
             const Long adresse = Int_to_Unsig(haupt->XY_LNCV(0));

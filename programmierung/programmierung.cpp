@@ -3,6 +3,7 @@
 
 #include "config/clear_modul.h"
 #include "core/fehlerbehandlung.h"
+#include "core/modul_artikel.h"
 #include "core/panel_model.h"
 #include "core/zellanzeige.h"
 #include "loconet/empfang.h"
@@ -19,11 +20,6 @@
 namespace planor {
 
 namespace {
-
-bool istUniversal(Long artNr)
-{
-    return artNr == 47320 || artNr == 47330;
-}
 
 // Only the main cell of a universal controller is worked on.
 bool nebenzelle(const XY_Typ& zelle, int x, int y)

@@ -1,6 +1,7 @@
 #include "station/bhf_loeschen.h"
 
 #include "core/fehlerbehandlung.h"
+#include "core/modul_artikel.h"
 #include "core/panel_model.h"
 #include "core/zellanzeige.h"
 
@@ -8,7 +9,6 @@ namespace planor {
 
 namespace {
 
-bool istUniversal(Long artNr) { return artNr == 47320 || artNr == 47330; }
 
 bool istNavik(Long artNr)
 {
