@@ -48,28 +48,8 @@ void Empfang::byte(quint8 b)
 
 void Empfang::monitorFraming(quint8 b)
 {
-    if (b & 0x80) {
-        monitorLaenge_ = b < 0xA0 ? 2 : b < 0xC0 ? 4 : b < 0xE0 ? 6 : 255;
-        inNachricht_ = true;
-        monitorPosition_ = 0;
-    }
-    if (!inNachricht_)
-        return;
-    // A length byte of 0 or 1 never completes; the buffer's end drops it
-    // rather than overrunning it.
-    if (monitorPosition_ >= int(monitorPuffer_.size())) {
-        inNachricht_ = false;
-        return;
-    }
-    monitorPuffer_[static_cast<std::size_t>(monitorPosition_++)] = b;
-    // A variable length is told by the second byte.
-    if (monitorLaenge_ == 255 && monitorPosition_ == 2)
-        monitorLaenge_ = b;
-    if (monitorPosition_ == monitorLaenge_) {
-        inNachricht_ = false;
-        if (Monitor_Aktiv && decode_ln_mes)
-            decode_ln_mes(QByteArray(reinterpret_cast<const char*>(monitorPuffer_.data()), monitorPosition_));
-    }
+    if (monitorRahmen_.byte(b) == Nachrichtenrahmen::Stand::Fertig && Monitor_Aktiv && decode_ln_mes)
+        decode_ln_mes(monitorRahmen_.nachricht());
 }
 
 void Empfang::zeilenFraming(quint8 b)

@@ -5,6 +5,7 @@
 // framer fed by every transport.
 
 #include "core/vb_zahlen.h"
+#include "loconet/rahmen.h"
 
 #include <QByteArray>
 
@@ -54,9 +55,7 @@ private:
     std::array<std::array<Integer, EmpfangPositionen>, EmpfangZeilen> tabelle_{};
     bool erfassen_ = false;
     int erfassZeile_ = 0, erfassPosition_ = 0, erfassLaenge_ = 0;
-    std::array<quint8, 513> monitorPuffer_{};
-    bool inNachricht_ = false;
-    int monitorPosition_ = 0, monitorLaenge_ = 0;
+    Nachrichtenrahmen monitorRahmen_{513};
 };
 
 }  // namespace planor

@@ -6,28 +6,6 @@
 
 namespace planor {
 
-namespace {
-
-// The length of a LocoNet message by its opcode; 0 while
-// the length byte has not come, -1 for a length byte that cannot be.
-int nachrichtLaenge(const QByteArray& anfang)
-{
-    switch (quint8(anfang.at(0)) & 0xE0) {
-    case 0x80:
-        return 2;
-    case 0xA0:
-        return 4;
-    case 0xC0:
-        return 6;
-    default:
-        if (anfang.size() < 2)
-            return 0;
-        return quint8(anfang.at(1)) < 3 ? -1 : quint8(anfang.at(1));
-    }
-}
-
-}  // namespace
-
 QByteArray SendeZeile(const QByteArray& nachricht)
 {
     return "SEND " + nachricht.toHex(' ').toUpper() + "\r\n";
@@ -89,7 +67,7 @@ bool LbServerTransport::oeffnen(QString& fehler)
         return false;
     }
     zeilenPuffer_.clear();
-    teil_.clear();
+    rahmen_.abbrechen();
     socket_.abort();
     socket_.connectToHost(host_.trimmed(), quint16(port_));
     const bool entschieden = uhr_.warten(VerbindenGrenze, [this] {
@@ -120,7 +98,7 @@ void LbServerTransport::schliessen()
     offen_ = false;
     warteschlange_.clear();
     unterwegs_ = false;
-    teil_.clear();
+    rahmen_.abbrechen();
     socket_.abort();
 }
 
@@ -133,28 +111,16 @@ bool LbServerTransport::schreiben(const QByteArray& bytes)
 {
     if (!istOffen())
         return false;
-    for (const char c : bytes) {
-        if (quint8(c) & 0x80)
-            teil_ = QByteArray(1, c);  // an opcode starts a message; an unfinished one is dropped
-        else if (teil_.isEmpty())
-            continue;                  // a data byte outside a message
-        else
-            teil_.append(c);
-        const int laenge = nachrichtLaenge(teil_);
-        if (laenge < 0) {
-            teil_.clear();
-        } else if (laenge > 0 && teil_.size() >= laenge) {
-            warteschlange_.push_back(teil_);
-            teil_.clear();
-        }
-    }
+    for (const char c : bytes)
+        if (rahmen_.byte(quint8(c)) == Nachrichtenrahmen::Stand::Fertig)
+            warteschlange_.push_back(rahmen_.nachricht());
     naechsteSenden();
     return true;
 }
 
 void LbServerTransport::ausgangVerwerfen()
 {
-    teil_.clear();
+    rahmen_.abbrechen();
 }
 
 bool LbServerTransport::ausgangLeer() const
@@ -232,7 +198,7 @@ void LbServerTransport::verlorenMelden(const QString& grund)
     offen_ = false;
     warteschlange_.clear();
     unterwegs_ = false;
-    teil_.clear();
+    rahmen_.abbrechen();
     socket_.abort();
     emit verloren(grund);
 }

@@ -9,9 +9,9 @@
 //                                        upper-case hex separated by blanks
 // Other lines (TIMESTAMP, BREAK, ERROR ... of protocol version 2) are ignored.
 //
-// Bytes handed to `schreiben` are cut into whole LocoNet messages by their
-// opcode's length rule, so a message written byte by byte still goes out
-// as one SEND. Only one SEND is in flight; further messages wait in a queue
+// Bytes handed to `schreiben` are cut into whole LocoNet messages by the one
+// length rule (loconet/rahmen.h), so a message written byte by byte still
+// goes out as one SEND. Only one SEND is in flight; further messages wait in a queue
 // until its SENT comes.
 //
 // Failures:
@@ -28,6 +28,7 @@
 // only: whole messages have been handed over and are as good as on the wire.
 
 #include "core/vb_zahlen.h"
+#include "loconet/rahmen.h"
 #include "platform/transport.h"
 
 #include <QTcpSocket>
@@ -86,7 +87,7 @@ private:
     double sentGrenze_ = SentGrenze;
 
     QByteArray zeilenPuffer_;
-    QByteArray teil_;  // an unfinished message from `schreiben`
+    Nachrichtenrahmen rahmen_;  // cuts what `schreiben` gets into messages
     std::deque<QByteArray> warteschlange_;
     bool unterwegs_ = false;
     quint64 sendeNummer_ = 0;

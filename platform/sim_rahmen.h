@@ -1,10 +1,11 @@
 #pragma once
 // The simulator's framer for bytes that one party puts on the bus: whole
-// LocoNet messages by their length (opcode 0x80–0x9F 2 bytes, 0xA0–0xBF 4,
-// 0xC0–0xDF 6, 0xE0 and up: the second byte tells), and, between messages,
+// LocoNet messages by the one length rule (loconet/rahmen.h), and, between messages,
 // the lines of text a command station is spoken to with ("xB19200\r"
 // while open_com sets it up). Each party has its own framer, so that bytes
 // of two parties never mix.
+
+#include "loconet/rahmen.h"
 
 #include <QByteArray>
 
@@ -28,12 +29,8 @@ public:
 private:
     void byte(quint8 b, std::vector<Stueck>& aus);
 
-    QByteArray nachricht_;
-    int laenge_ = 0;  // 0: no message under way; -1: the second byte tells
+    Nachrichtenrahmen rahmen_;
     QByteArray text_;
 };
-
-// The length of a message by its opcode; -1 when the second byte tells.
-int SimNachrichtLaenge(quint8 opcode);
 
 }  // namespace planor

@@ -19,8 +19,12 @@ QString SendeFehler(const QByteArray& bytes)
     for (int i = 1; i < bytes.size(); ++i)
         if (quint8(bytes.at(i)) & 0x80)
             return QStringLiteral("Byte %1 hat Bit 7 gesetzt").arg(i);
-    const int laenge = SimNachrichtLaenge(quint8(bytes.at(0)));
-    if (bytes.size() != (laenge < 0 ? int(quint8(bytes.at(1))) : laenge))
+    // One whole message by the length rule, and nothing after it.
+    Nachrichtenrahmen rahmen;
+    bool ganz = false;
+    for (int i = 0; i < bytes.size(); ++i)
+        ganz = rahmen.byte(quint8(bytes.at(i))) == Nachrichtenrahmen::Stand::Fertig && i == bytes.size() - 1;
+    if (!ganz)
         return QStringLiteral("die Laenge passt nicht zum Opcode");
     if (Pruefsumme(bytes.left(bytes.size() - 1)) != quint8(bytes.back()))
         return QStringLiteral("Pruefsumme falsch");

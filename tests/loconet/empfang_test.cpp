@@ -113,3 +113,31 @@ TEST(Empfang, ClearingRowsAndDecodingPxct)
     e.tabelleLoeschen();
     EXPECT_EQ(e.wert(ZeilePeerXfer, 1), 0);
 }
+
+// The one length rule that the monitor, the LbServer transport and the simulator share.
+TEST(Nachrichtenrahmen, CutsByTheOpcodesLength)
+{
+    const struct {
+        QByteArray eingang;
+        std::vector<QByteArray> fertig;
+    } faelle[] = {
+        {bytes({0x83, 0x7C, 0xB0, 0x01, 0x02, 0x4C, 0xC0, 1, 2, 3, 4, 0x3D}),
+         {bytes({0x83, 0x7C}), bytes({0xB0, 0x01, 0x02, 0x4C}), bytes({0xC0, 1, 2, 3, 4, 0x3D})}},
+        {bytes({0xE5, 0x04, 0x01, 0x1E}), {bytes({0xE5, 0x04, 0x01, 0x1E})}},
+        {bytes({0xE0, 0x02}), {bytes({0xE0, 0x02})}},
+        {bytes({0x11, 0xB0, 0x01, 0x83, 0x7C}), {bytes({0x83, 0x7C})}},  // stray byte, a message cut off
+        {bytes({0xE0, 0x01, 0x11, 0x22, 0x83, 0x7C}), {bytes({0x83, 0x7C})}},
+    };
+    for (const auto& f : faelle) {
+        Nachrichtenrahmen r;
+        std::vector<QByteArray> fertig;
+        for (const char b : f.eingang)
+            if (r.byte(quint8(b)) == Nachrichtenrahmen::Stand::Fertig)
+                fertig.push_back(r.nachricht());
+        EXPECT_EQ(fertig, f.fertig) << test::h(f.eingang);
+    }
+    Nachrichtenrahmen klein(3);
+    for (const int b : {0xE0, 0x01, 0x11, 0x22})
+        klein.byte(quint8(b));
+    EXPECT_EQ(klein.byte(0x33), Nachrichtenrahmen::Stand::Ausserhalb) << "past its size it was dropped";
+}

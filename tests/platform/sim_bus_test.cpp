@@ -23,6 +23,8 @@ TEST(SimRahmen, CutsWhatArrivesIntoMessagesAndTextLines)
         {{prog.left(1), prog.mid(1, 6), prog.mid(7)}, {h(prog)}},
         // Stray data bytes, a message cut off by a new opcode, a length byte below 3.
         {{hex("05 06 B0 00 BC 01 02 40 E5 01 07 B2 00 50 1D")}, {"BC 01 02 40", "B2 00 50 1D"}},
+        // A length byte of 1 never completes: what follows up to the next opcode is no text either.
+        {{hex("E0 01") + "AB\r" + hex("E0 02 81 7E")}, {"E0 02", "81 7E"}},
         {{QByteArray("\0xB19200\r", 9) + hex("81 7E") + "x&LN$55AA\r\n"}, {"text:xB19200", "81 7E", "text:x&LN$55AA"}},
     };
     for (const auto& f : faelle) {
