@@ -6,9 +6,13 @@
 #include "core/laufzeitfehler.h"
 #include "core/lncv_datei.h"
 #include "core/panel_model.h"
+#include "core/project_felder.h"
 #include "core/zellanzeige.h"
 
 #include <QFile>
+
+#include <algorithm>
+#include <iterator>
 
 namespace planor {
 
@@ -120,25 +124,14 @@ void Leser::zellFeld(const QString& schluessel, const QString& wert)
     }
     XY_Typ& z = anlage_.XY(x, y);
     const double v = Val(liste.value(2));
-    const std::pair<const char*, Integer*> felder[] = {
-        {"XY_ADR1", &z.XY_ADR1},       {"XY_ADR2", &z.XY_ADR2},     {"XY_ADR3", &z.XY_ADR3},
-        {"XY_BETR", &z.XY_BETR},       {"XY_Version", &z.XY_Version}, {"XY_BhfIDX", &z.XY_BhfIDX},
-        {"XY_GleisIDX", &z.XY_GleisIDX}, {"XY_STATTAUSCH1", &z.XY_STATTAUSCH1},
-        {"XY_STATTAUSCH2", &z.XY_STATTAUSCH2}, {"XY_ADRTAUSCH", &z.XY_ADRTAUSCH},
-        {"XY_SenStat", &z.XY_SenStat}, {"XY_SenX", &z.XY_SenX},     {"XY_SenY", &z.XY_SenY},
-    };
-    if (schluessel == u"XY_ArtNr") {
-        z.XY_ArtNr = CLng(v);
-    } else {
-        bool bekannt = false;
-        for (const auto& [name, feld] : felder)
-            if (schluessel == QLatin1String(name)) {
-                *feld = CInt(v);
-                bekannt = true;
-            }
-        if (!bekannt)
-            return;
-    }
+    const auto* feld = std::find_if(std::begin(projektfelder::Zelle), std::end(projektfelder::Zelle),
+                                    [&](const projektfelder::Zellfeld& f) { return schluessel == QLatin1String(f.schluessel); });
+    if (feld == std::end(projektfelder::Zelle))
+        return;
+    if (feld->lang)
+        z.*feld->lang = CLng(v);
+    else
+        z.*feld->integer = CInt(v);
     if (schluessel != u"XY_BhfIDX")
         editor_.SetzeText(x, y);
 }
@@ -174,20 +167,15 @@ void Leser::bahnhof(const QString& schluessel, const QString& wert)
     Bhf_Typ& b = anlage_.Bhf(integer(liste.value(0)));
     if (schluessel == u"Bhf_Daten") {
         b.Bhf_Name = liste.value(1);
-        Integer* felder[] = {&b.Bhf_EinfX,   &b.Bhf_EinfY,   &b.Bhf_AusfX,   &b.Bhf_AusfY,
-                             &b.Bhf_Adr,     &b.Bhf_EinfAktiv, &b.Bhf_AusfAktiv, &b.Bhf_UmfAktiv,
-                             &b.Bhf_UmfLNCV, &b.Bhf_UmfAdr,  &b.Bhf_Status66, &b.Bhf_Art};
-        for (int i = 0; i < 12; ++i)
-            *felder[i] = integer(liste.value(i + 2));
+        int i = 2;
+        for (Integer Bhf_Typ::*feld : projektfelder::BhfDaten)
+            b.*feld = integer(liste.value(i++));
         return;
     }
-    const std::pair<const char*, Feld<Integer, 0, MaxGleis>*> listen[] = {
-        {"Bhf_GleisX", &b.Bhf_GleisX}, {"Bhf_GleisY", &b.Bhf_GleisY},
-        {"Bhf_EinfFS", &b.Bhf_EinfFS}, {"Bhf_AusfFS", &b.Bhf_AusfFS}};
-    for (const auto& [name, feld] : listen)
+    for (const auto& [name, feld] : projektfelder::BhfListen)
         if (schluessel == QLatin1String(name))
             for (int gleis = 1; gleis <= MaxGleis; ++gleis)
-                (*feld)(gleis) = integer(liste.value(gleis));
+                (b.*feld)(gleis) = integer(liste.value(gleis));
 }
 
 void Leser::fahrstrasse(const QString& schluessel, const QString& wert)
@@ -196,9 +184,9 @@ void Leser::fahrstrasse(const QString& schluessel, const QString& wert)
     FS_Typ& fs = anlage_.FS(integer(liste.value(0)));
     if (schluessel == u"FS_Daten") {
         fs.FS_Name = liste.value(1);
-        Integer* felder[] = {&fs.FS_Nummer, &fs.FS_Sub, &fs.FS_Art, &fs.FS_RM, &fs.FS_Mag, &fs.FS_Kennung};
-        for (int i = 0; i < 6; ++i)
-            *felder[i] = integer(liste.value(i + 2));
+        int i = 2;
+        for (Integer FS_Typ::*feld : projektfelder::FsDaten)
+            fs.*feld = integer(liste.value(i++));
     } else if (schluessel == u"FS_MagBfl") {
         // The command drops exactly the one blank behind the comma.
         fs.FS_MagBfl(integer(liste.value(1))) = liste.value(2).mid(1);

@@ -7,6 +7,7 @@
 #include "core/laufzeitfehler.h"
 #include "core/lncv_datei.h"
 #include "core/panel_model.h"
+#include "core/project_felder.h"
 #include "core/version.h"
 #include "platform/uhr.h"
 
@@ -34,19 +35,13 @@ void zelleSchreiben(ansi::Schreiber& datei, ProjektBytes& projekt, const Anlage&
     const XY_Typ& z = anlage.XY(x, y);
     const ElementTab_Typ& element = katalog.ElementTab(z.XY_Element);
     datei.zeile(zellZeile("XY", x, y, zahl(element.Typ)));
-    const std::pair<const char*, long long> felder[] = {
-        {"XY_ADR1", z.XY_ADR1},     {"XY_ADR2", z.XY_ADR2},
-        {"XY_ADR3", z.XY_ADR3},     {"XY_BETR", z.XY_BETR},
-        {"XY_ArtNr", z.XY_ArtNr},   {"XY_Version", z.XY_Version},
-        {"XY_BhfIDX", z.XY_BhfIDX}, {"XY_GleisIDX", z.XY_GleisIDX},
-        {"XY_STATTAUSCH1", z.XY_STATTAUSCH1}, {"XY_STATTAUSCH2", z.XY_STATTAUSCH2},
-        {"XY_ADRTAUSCH", z.XY_ADRTAUSCH},     {"XY_SenStat", z.XY_SenStat},
-        {"XY_SenX", z.XY_SenX},     {"XY_SenY", z.XY_SenY},
-    };
-    for (const auto& [schluessel, wert] : felder) {
-        const long long leer = QLatin1String(schluessel) == QLatin1String("XY_BETR") ? -1 : 0;
+    // A field at a new cell's value (XY_BETR -1, the others 0) is left out.
+    static const XY_Typ neu;
+    for (const projektfelder::Zellfeld& f : projektfelder::Zelle) {
+        const long long wert = f.lang ? z.*f.lang : z.*f.integer;
+        const long long leer = f.lang ? neu.*f.lang : neu.*f.integer;
         if (wert != leer)
-            datei.zeile(zellZeile(schluessel, x, y, zahl(wert)));
+            datei.zeile(zellZeile(f.schluessel, x, y, zahl(wert)));
     }
     if (z.XY_LNCV(0) == 0 || z.XY_ArtNr == 0 || z.XY_SenStat == 2)
         return;
@@ -64,17 +59,13 @@ void zelleSchreiben(ansi::Schreiber& datei, ProjektBytes& projekt, const Anlage&
 void bahnhofSchreiben(ansi::Schreiber& datei, const Bhf_Typ& b, int i)
 {
     QString daten = QStringLiteral("Bhf_Daten: ") + zahl(i) + QStringLiteral(", ") + b.Bhf_Name;
-    for (long long wert : {b.Bhf_EinfX, b.Bhf_EinfY, b.Bhf_AusfX, b.Bhf_AusfY, b.Bhf_Adr, b.Bhf_EinfAktiv,
-                           b.Bhf_AusfAktiv, b.Bhf_UmfAktiv, b.Bhf_UmfLNCV, b.Bhf_UmfAdr, b.Bhf_Status66, b.Bhf_Art})
-        daten += QStringLiteral(", ") + gepolstert(wert);
+    for (Integer Bhf_Typ::*feld : projektfelder::BhfDaten)
+        daten += QStringLiteral(", ") + gepolstert(b.*feld);
     datei.zeile(daten);
-    const std::pair<const char*, const Feld<Integer, 0, MaxGleis>*> listen[] = {
-        {"Bhf_GleisX", &b.Bhf_GleisX}, {"Bhf_GleisY", &b.Bhf_GleisY},
-        {"Bhf_EinfFS", &b.Bhf_EinfFS}, {"Bhf_AusfFS", &b.Bhf_AusfFS}};
-    for (const auto& [schluessel, liste] : listen) {
+    for (const auto& [schluessel, liste] : projektfelder::BhfListen) {
         QString zeile = QLatin1String(schluessel) + QStringLiteral(": ") + zahl(i) + QStringLiteral(", ");
         for (int gleis = 1; gleis <= MaxGleis; ++gleis)
-            zeile += gepolstert((*liste)(gleis)) + (gleis < MaxGleis ? QStringLiteral(" ,") : QString());
+            zeile += gepolstert((b.*liste)(gleis)) + (gleis < MaxGleis ? QStringLiteral(" ,") : QString());
         datei.zeile(zeile);
     }
 }
@@ -82,8 +73,8 @@ void bahnhofSchreiben(ansi::Schreiber& datei, const Bhf_Typ& b, int i)
 void fahrstrasseSchreiben(ansi::Schreiber& datei, const FS_Typ& fs, int i)
 {
     QString daten = QStringLiteral("FS_Daten: ") + zahl(i) + QStringLiteral(", ") + fs.FS_Name;
-    for (long long wert : {fs.FS_Nummer, fs.FS_Sub, fs.FS_Art, fs.FS_RM, fs.FS_Mag, fs.FS_Kennung})
-        daten += QStringLiteral(", ") + gepolstert(wert);
+    for (Integer FS_Typ::*feld : projektfelder::FsDaten)
+        daten += QStringLiteral(", ") + gepolstert(fs.*feld);
     datei.zeile(daten);
     for (int j = 0; j <= MaxMagBfl; ++j)
         if (!fs.FS_MagBfl(j).isEmpty())
