@@ -4,7 +4,7 @@
 // the given modules when they name the simulation.
 
 #include "app/planor-cli/argumente.h"
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 #include "platform/simulator.h"
 #include "platform/uhr.h"
 

@@ -6,7 +6,7 @@
 #include "core/settings_file.h"
 #include "loconet/lncv_austausch.h"
 #include "loconet/nav_init.h"
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
 #include "platform/uhr.h"

@@ -5,11 +5,11 @@
 #include "app/planor-cli/cli.h"
 #include "app/planor-cli/projekt_laden.h"
 #include "core/zellanzeige.h"
-#include "loconet/open_com.h"
-#include "programmierung/programmierung.h"
+#include "loconet/schnittstelle.h"
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"
 #include "platform/uhr.h"
+#include "programmierung/programmierung.h"
 
 #include <QFileInfo>
 

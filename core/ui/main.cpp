@@ -6,7 +6,7 @@
 #include "core/ui/main_win.h"
 #include "core/ui/meldungs_box.h"
 #include "core/ui/start_form.h"
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 #include "loconet/ui/comport_dialog.h"
 #include "platform/sim_transport.h"
 #include "platform/simulator.h"

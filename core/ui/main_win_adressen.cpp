@@ -8,7 +8,7 @@
 #include "editor/ui/adr_eingabe_dialog.h"
 #include "editor/ui/pult_bereich.h"
 #include "editor/ui/zellen_grid.h"
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 
 #include <QApplication>
 

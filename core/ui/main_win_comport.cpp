@@ -3,7 +3,7 @@
 #include "core/ui/main_win.h"
 
 #include "loconet/comport_form.h"
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 #include "loconet/ui/comport_dialog.h"
 
 namespace planor {

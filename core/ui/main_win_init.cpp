@@ -2,7 +2,7 @@
 // frame closes the port the form has opened.
 #include "core/ui/main_win.h"
 
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 #include "loconet/ui/nav_init_dialog.h"
 
 namespace planor {

@@ -9,7 +9,7 @@
 #include "editor/ui/pult_bereich.h"
 #include "editor/ui/tausch_dialog.h"
 #include "editor/ui/zellen_grid.h"
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 
 #include <QApplication>
 #include <QPointer>

@@ -12,7 +12,7 @@
 #include "editor/pult_modell.h"
 #include "editor/ui/pult_bereich.h"
 #include "editor/ui/zellen_grid.h"
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 #include "programmierung/ui/pult_fehl_meldung.h"
 
 #include <QAction>

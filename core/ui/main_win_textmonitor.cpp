@@ -1,7 +1,7 @@
 // The text monitor frmMonitor beside the live monitor view.
 #include "core/ui/main_win.h"
 
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 #include "loconet/ui/frm_monitor.h"
 
 #include <QFileInfo>

@@ -1,5 +1,5 @@
 // open_com for each kind of connection, over the scaffold transport in virtual time.
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 
 #include "core/settings_file.h"
 #include "loconet/empfang.h"

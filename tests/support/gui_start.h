@@ -6,10 +6,10 @@
 
 #include "core/ui/main.h"
 #include "core/ui/main_win.h"
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 #include "platform/uhr.h"
-#include "tests/support/gui.h"
 #include "tests/support/bus.h"
+#include "tests/support/gui.h"
 
 #include <QFileDialog>
 #include <QFileInfo>

@@ -9,7 +9,7 @@
 #include "loconet/empfang.h"
 #include "loconet/link.h"
 #include "loconet/nachricht.h"
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 #include "loconet/ui/comport_dialog.h"
 #include "loconet/ui/frm_monitor.h"
 #include "loconet/ui/nav_init_dialog.h"

@@ -1,6 +1,6 @@
 #pragma once
-// open_com: the one way every subsystem opens the link, for the kind of
-// interface the settings choose, with the decisions:
+// Schnittstelle: the interface to the bus that the settings choose. Its
+// open_com is the one way every subsystem opens the link, with the steps:
 //   command station  2400 8N2, break, "xB19200", 19200 8N2, "x&LN$55AA";
 //                    CTS gates every byte sent afterwards
 //   serial adapter   19200 8N2, then the bus's 16457 bit/s set directly

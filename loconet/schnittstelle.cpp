@@ -1,4 +1,4 @@
-#include "loconet/open_com.h"
+#include "loconet/schnittstelle.h"
 
 #include "core/benutzer.h"
 #include "core/fehlerbehandlung.h"
